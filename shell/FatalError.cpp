@@ -1,0 +1,27 @@
+#include "shell/FatalError.h"
+
+#include "shell/Host.h"
+
+namespace petal {
+
+namespace {
+void endWith(Host& host, const std::string& title, const std::string& text) {
+    if (!host.ending()) host.msgBox({text, title, MsgIcon::Exclamation, MsgButtons::OK});
+    host.endProgram();
+}
+}  // namespace
+
+void runHandler(Host& host, const std::function<void()>& handler) {
+    if (host.ending()) return;
+    try {
+        handler();
+    } catch (const FatalError& e) {
+        endWith(host, e.title(), e.what());
+    } catch (const std::out_of_range& e) {
+        endWith(host, "Petalgarden", std::string("Subscript out of range (") + e.what() + ").");
+    } catch (const std::bad_alloc&) {
+        endWith(host, "Petalgarden", "Out of memory.");
+    }
+}
+
+}  // namespace petal

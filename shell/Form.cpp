@@ -1,0 +1,12 @@
+#include "shell/Form.h"
+
+namespace petal {
+
+void Form::Unload(bool byUser) {
+    if (!loaded_) return;
+    if (Form_QueryUnload(byUser)) return;
+    loaded_ = false;
+    Form_Unload();
+}
+
+}  // namespace petal

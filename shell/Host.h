@@ -1,0 +1,56 @@
+#pragma once
+// The one door from the game core to the platform. The program implements it with Qt
+// (QtHost); tests and tools implement it with virtual time and scripted answers (SimHost).
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace petal {
+
+class Timer;
+class Form;
+
+enum class MsgIcon { None, Critical, Question, Exclamation, Information };
+enum class MsgButtons { OK, OKCancel, YesNo, YesNoCancel };
+enum class MsgResult { OK, Cancel, Yes, No };
+
+struct MsgBox {
+    std::string text;
+    std::string title;
+    MsgIcon icon = MsgIcon::None;
+    MsgButtons buttons = MsgButtons::OK;
+    bool systemModal = false;
+};
+
+class Host {
+public:
+    virtual ~Host() = default;
+
+    // A timer's Enabled or Interval changed: (re)arm it from now, or disarm it.
+    virtual void timerChanged(Timer& timer) = 0;
+    virtual void timerRemoved(Timer& timer) = 0;
+
+    // Let pending events run once, without waiting for more.
+    virtual void doEvents() = 0;
+    // Run events, sleeping between them, until done() holds or the program ends.
+    virtual void waitUntil(const std::function<bool()>& done) = 0;
+
+    virtual MsgResult msgBox(const MsgBox& box) = 0;
+    // Shows a form modally; returns once the form has unloaded.
+    virtual void showModal(Form& form) = 0;
+    // The model changed outside an input handler: draw it now.
+    virtual void refresh() = 0;
+
+    virtual void setMousePointer(int pointer) = 0;
+
+    virtual std::string timeText() = 0;  // "HH:MM:SS", 24-hour
+    virtual std::string dateText() = 0;  // "mm/dd/yyyy"
+
+    virtual std::filesystem::path programFolder() = 0;
+
+    // Ends the program in good order: pending waits return, no further events are delivered.
+    virtual void endProgram() = 0;
+    virtual bool ending() const = 0;
+};
+
+}  // namespace petal
