@@ -1,0 +1,106 @@
+#include "cards/FrmCards.h"
+
+#include <stdexcept>
+#include <vector>
+
+#include "cards/Val.h"
+
+namespace petal {
+
+namespace {
+
+constexpr std::array<std::string_view, FrmCards::kCards> kTags = {
+    "Matsu Ni Tsuru/F1/20/82",       "Matsu No Tan/F1/10/72",
+    "Matsu No Kasu/F1/0",            "Matsu No Kasu/F1/0",
+    "Ume Ni Uguisu/F2/5/81",         "Ume No Tan/F2/10/71",
+    "Ume No Kasu/F2/0",              "Ume No Kasu/F2/0",
+    "Sakura Ni Maku/F3/20/63,83",    "Sakura No Tan/F3/10/73",
+    "Sakura No Kasu/F3/0",           "Sakura No Kasu/F3/0",
+    "Fuji Ni Kakko/F4/5/22",         "Fuji No Tan/F4/10/12",
+    "Fuji No Kasu/F4/0",             "Fuji No Kasu/F4/0",
+    "Shoubu Ni Yatsuhashi/F5/5/23",  "Shoubu No Tan/F5/10/13",
+    "Shoubu No Kasu/F5/0",           "Shoubu No Kasu/F5/0",
+    "Botan Ni Chou/F6/5/51",         "Botan No Tan/F6/10/41",
+    "Botan No Kasu/F6/0",            "Botan No Kasu/F6/0",
+    "Hagi Ni Inoshishi/F7/5/21,31",  "Hagi No Tan/F7/10/11",
+    "Hagi No Kasu/F7/0",             "Hagi No Kasu/F7/0",
+    "Susuki Ni Tsuki/F8/20/61",      "Susuki Ni Kari/F8/5/33",
+    "Susuki No Kasu/F8/0",           "Susuki No Kasu/F8/0",
+    "Kiku Ni Sakazuki/F9/5/52,62",   "Kiku No Tan/F9/10/42",
+    "Kiku No Kasu/F9/0",             "Kiku No Kasu/F9/0",
+    "Momiji Ni Shika/F10/5/32,53",   "Momiji No Tan/F10/10/43",
+    "Momiji No Kasu/F10/0",          "Momiji No Kasu/F10/0",
+    "Yanagi Ni Ono Toufuu/F11/5",    "Yanagi Ni Tsubame/F11/5",
+    "Yanagi No Tan/F11/10",          "Yanagi No Kasu/F11/0/G",
+    "Kiri Ni Hooh/F12/20",           "Kiri No Kasu/F12/10",
+    "Kiri No Kasu/F12/0",            "Kiri No Kasu/F12/0",
+};
+
+// The yaku pictures' tags are read by nothing; they are kept as the catalogue has them.
+constexpr std::string_view kYakuPictureTag = "Fuji Ni Kakko/F4/5/22";
+
+std::vector<std::string> split(std::string_view text, char sep) {
+    std::vector<std::string> fields;
+    std::size_t start = 0;
+    while (true) {
+        std::size_t at = text.find(sep, start);
+        fields.emplace_back(text.substr(start, at - start));
+        if (at == std::string_view::npos) return fields;
+        start = at + 1;
+    }
+}
+
+std::array<CatalogueImage, FrmCards::kImages> makeImages() {
+    std::array<CatalogueImage, FrmCards::kImages> images{};
+    for (int i = 0; i < FrmCards::kImages; ++i)
+        images[i] = {i < FrmCards::kCards ? kTags[i] : kYakuPictureTag, pic::card(i)};
+    return images;
+}
+
+}  // namespace
+
+const CatalogueImage& FrmCards::imgCard(int index) {
+    static const auto images = makeImages();
+    return images.at(index);
+}
+
+PictureId FrmCards::imgWinLose(int index) {
+    if (index < 0 || index > 2) throw std::out_of_range("imgWinLose");
+    return pic::banner(index);
+}
+
+CardRecord FrmCards::parseCard(int n) {
+    const CatalogueImage& image = imgCard(n - 1);
+    const std::vector<std::string> fields = split(image.Tag, '/');
+    CardRecord card;
+    card.Picture = image.Picture;
+    card.Index = n - 1;
+    card.Name = fields.at(0);
+    card.Flower = fields.at(1);
+    card.Points = Val(fields.at(2));
+    if (fields.size() >= 4) card.YakuCodes = fields[3];
+    return card;
+}
+
+const CardRecord& FrmCards::card(int n) {
+    static const auto cards = [] {
+        std::array<CardRecord, kCards> all;
+        for (int n = 1; n <= kCards; ++n) all[n - 1] = parseCard(n);
+        return all;
+    }();
+    return cards.at(n - 1);
+}
+
+const std::string& cardToolTip(const CardRecord& card) {
+    static const auto tips = [] {
+        std::array<std::string, FrmCards::kCards> all;
+        for (int n = 1; n <= FrmCards::kCards; ++n) {
+            const CardRecord& c = FrmCards::card(n);
+            all[n - 1] = c.Name + " (" + std::to_string(c.Points) + " pts.)";
+        }
+        return all;
+    }();
+    return tips.at(card.Index);
+}
+
+}  // namespace petal

@@ -1,0 +1,62 @@
+#pragma once
+// Plain models of the controls that the game reads and writes: position in twips, visibility,
+// Tag, picture identifier, tool tip, caption, z-order. The Qt view only draws these.
+#include <cstdint>
+#include <string>
+
+#include "assets/Pictures.h"
+
+namespace petal {
+
+enum class Container { Form, Picture1, Picture2, PicYakuShow };
+
+struct Control {
+    Container parent = Container::Form;
+    int Left = 0, Top = 0, Width = 0, Height = 0;  // twips, relative to the container
+    bool Visible = true;
+    bool Enabled = true;
+    std::string Tag;
+    int ZOrder = 0;  // higher stands in front, within the container
+};
+
+struct Image : Control {
+    PictureId Picture = NoPicture;
+    std::string ToolTipText;
+    bool hasPicture() const { return Picture != NoPicture; }
+    // No picture, Tag "-1", no tool tip: the empty state of every card place.
+    void clearCard() {
+        Picture = NoPicture;
+        Tag = "-1";
+        ToolTipText.clear();
+    }
+};
+
+struct Shape : Control {
+    std::uint32_t BorderColor = 0;  // blue-green-red
+    int BorderWidth = 4;
+};
+
+struct FontSpec {
+    std::string family = "MS Sans Serif";
+    int points = 8;
+    bool bold = false;
+};
+
+enum class Alignment { Left, Right, Center };
+
+struct Label : Control {
+    std::string Caption;
+    std::uint32_t ForeColor = 0;  // blue-green-red
+    FontSpec font;
+    Alignment alignment = Alignment::Left;
+};
+
+struct PictureBox : Control {
+    PictureId Picture = NoPicture;
+};
+
+struct Button : Control {
+    std::string Caption;
+};
+
+}  // namespace petal

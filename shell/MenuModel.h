@@ -1,0 +1,40 @@
+#pragma once
+// The main window's menu bar as state: captions with their access keys, shortcut keys, and
+// the Enabled flags that the game changes.
+#include <string>
+#include <vector>
+
+namespace petal {
+
+struct MenuItem {
+    std::string name;
+    std::string Caption;  // "&" marks the access key; empty for a separator
+    std::string shortcut;
+    bool Enabled = true;
+    bool separator() const { return Caption.empty(); }
+};
+
+struct MenuModel {
+    MenuItem mnuSetup{"mnuSetup", "&Setup", ""};
+    MenuItem mnuSep0{"mnuSep0", "", ""};
+    MenuItem mnuExit{"mnuExit", "E&xit", ""};
+    MenuItem mnuVChat{"mnuVChat", "&Chat", "F5"};
+    MenuItem mnuVScore{"mnuVScore", "&Score", "F6"};
+    MenuItem mnuVHallofFame{"mnuVHallofFame", "&Hall of Fame", "F7"};
+    MenuItem mnuHAbout{"mnuHAbout", "&About", ""};
+    MenuItem mnuHsep0{"mnuHsep0", "", ""};
+    MenuItem mnuHHelp{"mnuHHelp", "&Help", ""};
+
+    struct Menu {
+        std::string name;
+        std::string Caption;
+        std::vector<MenuItem*> items;
+    };
+    std::vector<Menu> menus() {
+        return {{"mnuGame", "Game", {&mnuSetup, &mnuSep0, &mnuExit}},
+                {"mnuView", "&View", {&mnuVChat, &mnuVScore, &mnuVHallofFame}},
+                {"mnuHelp", "&Help", {&mnuHAbout, &mnuHsep0, &mnuHHelp}}};
+    }
+};
+
+}  // namespace petal
