@@ -1,0 +1,199 @@
+#include "engine/Dealer.h"
+
+#include <cmath>
+
+#include "cards/FrmCards.h"
+#include "engine/SeedText.h"
+#include "scoring/YakuImageLists.h"
+#include "shell/FrmMain.h"
+#include "shell/Host.h"
+
+namespace petal {
+
+void Dealer::imgDeck_Click() {
+    if (f_.g.gPlayMode == 2) return;  // only the host deals
+    if (f_.g.gGameInProgress == 0) {
+        DealCards();
+        return;
+    }
+    const std::string question = f_.g.gPlayMode == 1
+                                     ? "Do you want to restart this session with your opponent?"
+                                     : "Do you want to quit the game in progress?";
+    if (f_.host.msgBox({question, "Game In Progress", MsgIcon::Question, MsgButtons::YesNo}) != MsgResult::Yes)
+        return;
+    f_.g.gGameInProgress = 0;
+    if (f_.g.gPlayMode > 0) f_.sendToPeer("QUIT");
+    NewGame(true);
+    if (f_.g.gPlayMode < 2) f_.m.mTurn = 0;
+    f_.setMousePointer(FrmMain::kPointerDefault);
+}
+
+void Dealer::NewGame(bool ClearOnly) {
+    MainVars& m = f_.m;
+    TableModel& c = f_.ctl;
+    if (f_.g.gGameInProgress == 0) f_.g.dimRoundScores(f_.g.gRounds);
+    clearHandsAndTable();
+    clearPiles();
+    resetYakuRows(ClearOnly);
+    m.mPoints = {};
+    f_.tmrComputer.setEnabled(false);
+    m.mPlayerFlipped = 0;
+    m.mCompPhase = 0;
+    c.imgFlipCard.clearCard();
+    c.shpFlipCard.Visible = false;
+    for (ScorePanel& p : c.panel) {
+        p.imgGagi.Visible = false;
+        p.imgGagi.Tag = "-1";
+        p.imgTurn.Visible = false;
+    }
+    for (Image& banner : c.imgWinLose) banner.Picture = NoPicture;
+    if (ClearOnly) {
+        f_.g.gGameInProgress = 0;
+        m.mPeerReady = m.mLocalReady = true;
+    }
+    m.mPlayerPlays = m.mCompPlays = 0;
+    m.mPeerScoreOpen = false;
+    m.mYakuCount = {0, 0};
+}
+
+void Dealer::clearHandsAndTable() {
+    TableModel& c = f_.ctl;
+    for (int i = 0; i < 8; ++i) {
+        c.imgPCard[i].clearCard();
+        c.imgPCard[i].Visible = true;
+        c.imgCCard[i].Picture = NoPicture;
+        c.imgCCard[i].Visible = true;
+        c.lblPYaku[i].Visible = false;
+        c.lblCYaku[i].Visible = false;
+    }
+    c.shpPHilite.Visible = false;
+    c.unloadExtraTableSlots();
+    for (std::size_t i = 0; i < c.imgTCard.size(); ++i) {
+        c.imgTCard[i].clearCard();
+        c.imgTCard[i].Visible = true;
+        c.shpTHilite[i].Visible = false;
+    }
+}
+
+void Dealer::clearPiles() {
+    for (ScorePanel& p : f_.ctl.panel) {
+        for (auto& row : p.piles) {
+            row.resize(1);
+            row[0].Picture = NoPicture;
+            row[0].ToolTipText.clear();
+        }
+        for (int k = 0; k < 4; ++k) {
+            p.lblPoints[k].Caption.clear();
+            p.lblPointsTotal[k].Caption.clear();
+        }
+    }
+}
+
+void Dealer::resetYakuRows(bool ClearOnly) {
+    TableModel& c = f_.ctl;
+    for (int i = 0; i < 24; ++i) {
+        Image& mine = c.imgPYaku[i];
+        Image& theirs = c.imgCYaku[i];
+        if (f_.g.gUseYaku) {
+            const PictureId grey = ClearOnly ? NoPicture : ilsYaku("Yaku" + f_.g.gYakuCodes[i]).Picture;
+            theirs.Picture = mine.Picture = grey;
+            theirs.Visible = mine.Visible = true;
+            mine.Tag = std::to_string(48 + i);
+            mine.Enabled = true;
+        } else {
+            theirs.Picture = mine.Picture = NoPicture;
+            theirs.Visible = mine.Visible = false;
+            mine.Enabled = true;
+            c.picYakuShow.Visible = false;
+        }
+    }
+    if (f_.g.gUseYaku && c.picYakuShow.Visible) f_.yaku.reloadPanel();
+}
+
+void Dealer::ShuffleCards() {
+    MainVars& m = f_.m;
+    // mCards is refilled whole below, so its records are reused rather than made anew.
+    m.mDeck = {};
+    std::array<int, 48> counted{};
+    if (f_.g.gPlayMode == 0) {
+        m.mDealSeed = f_.host.timeText();
+    } else {
+        if (f_.recvBuffer().find("DEAL") == std::string::npos) m.mDealSeed = f_.host.timeText();
+        f_.rnd.reset();
+    }
+    f_.rnd.seed(seedValue(m.mDealSeed));
+    for (int i = 0; i < 48;) {
+        const int x = static_cast<int>(std::floor(f_.rnd.next() * 48 + 1));
+        if (counted[x - 1] >= 1) continue;
+        m.mDeck[i] = x;
+        m.mCards[i] = FrmCards::card(x);
+        ++counted[x - 1];
+        ++i;
+    }
+}
+
+void Dealer::DealCards() {
+    MainVars& m = f_.m;
+    Globals& g = f_.g;
+    f_.setMousePointer(FrmMain::kPointerHourglass);
+    NewGame(false);
+    ShuffleCards();
+    if (g.gPlayMode > 0) {
+        g.gLocalLeads = m.mTurn <= 0;
+        if (f_.recvBuffer().find("DEAL") == std::string::npos && (g.gPlayMode != 1 || g.gConnectState == 7)) {
+            std::string& sent = g.gPlayMode == 1 ? m.mHostDealText : m.mClientDealText;
+            sent = "DEAL," + m.mDealSeed + (m.mTurn == 0 ? ",1" : ",0");
+            f_.sendToPeer(sent);
+        }
+    }
+    layOutDeal();
+    m.mDeckPos = 23;
+    f_.setMousePointer(FrmMain::kPointerDefault);
+    if (g.gGameType == 1) {
+        if (g.gGameInProgress == 0) {
+            m.mRoundNo = 0;
+            g.gGameInProgress = 1;
+        }
+    } else {
+        m.mRoundNo = 0;
+        if (g.gPlayMode == 0) m.mTurn = 0;
+        g.gGameInProgress = 1;
+    }
+    f_.tmrComputer.setInterval(500);
+    f_.tmrFlipTimer.setInterval(500);
+    showLeader();
+    if (f_.events) f_.events->dealt();
+}
+
+void Dealer::layOutDeal() {
+    MainVars& m = f_.m;
+    TableModel& c = f_.ctl;
+    const int h = f_.g.gPlayMode == 2 ? 8 : 0;
+    const int o = f_.g.gPlayMode == 2 ? 0 : 8;
+    for (int i = 0; i < 8; ++i) {
+        c.imgPCard[i].Picture = m.mCards[h + i].Picture;
+        c.imgPCard[i].Tag = std::to_string(h + i);
+        c.imgPCard[i].ToolTipText = cardToolTip(m.mCards[h + i]);
+        c.imgTCard[i].Picture = m.mCards[16 + i].Picture;
+        c.imgTCard[i].Tag = std::to_string(16 + i);
+        c.imgTCard[i].ToolTipText = cardToolTip(m.mCards[16 + i]);
+        c.imgCCard[i].Picture = c.imgDeck.Picture;
+        c.imgCCard[i].Tag = std::to_string(o + i);
+        c.imgCCard[i].Visible = true;
+        m.mYakuCards[0][i] = m.mYakuCards[1][i] = 0;
+        c.lblPYaku[i].Visible = c.lblCYaku[i].Visible = false;
+    }
+}
+
+void Dealer::showLeader() {
+    TableModel& c = f_.ctl;
+    const int leader = f_.m.mTurn == 1 ? 1 : 0;
+    f_.tmrComputer.setEnabled(leader == 1);
+    if (!c.panel[leader].imgTurn.Visible) {
+        c.panel[1 - leader].imgTurn.Visible = false;
+        c.panel[leader].imgTurn.Visible = true;
+    }
+    if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = leader == 0;
+}
+
+}  // namespace petal

@@ -1,0 +1,48 @@
+#include "engine/DeckFlip.h"
+
+#include "cards/FrmCards.h"
+#include "shell/FrmMain.h"
+#include "shell/Host.h"
+
+namespace petal {
+
+void DeckFlip::FlipCard() {
+    MainVars& m = f_.m;
+    TableModel& c = f_.ctl;
+    ++m.mDeckPos;
+    const int best = f_.play.RelativeCheck(m.mDeckPos, true);
+    if (m.mTurn == 0) {
+        m.mPlayerFlipped = 1;
+        ++m.mPlayerPlays;
+    }
+    c.imgFlipCard.Tag = std::to_string(m.mDeckPos);
+    c.imgFlipCard.Picture = m.mCards.at(m.mDeckPos).Picture;
+    c.imgFlipCard.ToolTipText = cardToolTip(m.mCards[m.mDeckPos]);
+    if (best > -1) {
+        c.shpFlipCard.BorderColor = m.mHiliteColor.at(m.mTurn);
+        c.shpFlipCard.Visible = true;
+    }
+    if (m.mTurn == 1) m.mCompDeckPos = m.mDeckPos;
+    if (best != -1) return;
+
+    // No match: the card stands for the flip timer's pause, then lies down by itself. Clicks
+    // that come in meanwhile meet the hourglass and the cleared frames.
+    if (f_.MousePointer() == FrmMain::kPointerDefault) f_.setMousePointer(FrmMain::kPointerHourglass);
+    m.mFlipDone = false;
+    f_.tmrFlipTimer.setEnabled(true);
+    f_.host.refresh();
+    f_.host.waitUntil([&m] { return m.mFlipDone; });
+    if (f_.host.ending()) return;
+    c.imgFlipCard.clearCard();
+    const int turn = m.mTurn;
+    const int slot = f_.play.AddCardToTable(m.mDeckPos);
+    if (f_.events) f_.events->moved(turn == 0 ? 0 : 1, true, m.mDeckPos, -1, slot);
+    if (m.mCompPlays == 8 && m.mPlayerPlays == 8) f_.EndMatch();
+}
+
+void DeckFlip::tmrFlipTimer_Timer() {
+    f_.m.mFlipDone = true;
+    f_.tmrFlipTimer.setEnabled(false);
+}
+
+}  // namespace petal

@@ -1,0 +1,180 @@
+#include "engine/HandPlay.h"
+
+#include "cards/FrmCards.h"
+#include "cards/Val.h"
+#include "shell/FrmMain.h"
+
+namespace petal {
+
+void HandPlay::HiliteCards(std::string_view Zone, int Slot, bool Show) {
+    TableModel& c = f_.ctl;
+    const std::uint32_t colour = f_.m.mHiliteColor.at(f_.m.mTurn);
+    if (Zone == "P") {
+        if (Show) {
+            c.shpPHilite.BorderColor = colour;
+            c.shpPHilite.Left = c.imgPCard.at(Slot).Left + 30;
+            c.shpPHilite.Top = c.imgPCard.at(Slot).Top + 30;
+            c.shpPHilite.Visible = true;
+            c.shpPHilite.Tag = std::to_string(Slot);
+        } else {
+            c.shpPHilite.Visible = false;
+            c.shpPHilite.Tag = "-1";
+        }
+        c.bringToFront(c.shpPHilite);
+    } else if (Zone == "T") {
+        Shape& frame = c.shpTHilite.at(Slot);
+        frame.BorderColor = colour;
+        frame.Visible = Show;
+        c.bringToFront(frame);
+    }
+}
+
+int HandPlay::RelativeCheck(int Position, bool Show) {
+    int best = -1;
+    if (Position < 0) return best;
+    const CardRecord& card = f_.m.mCards.at(Position);
+    const bool wild = card.isWild();
+    const auto& table = f_.ctl.imgTCard;
+    for (int i = 0; i < static_cast<int>(table.size()); ++i) {
+        if (table[i].Tag == "-1") continue;
+        const CardRecord& other = f_.m.mCards.at(Val(table[i].Tag));
+        if (wild || other.Flower == card.Flower) {
+            if (Show) HiliteCards("T", i, true);
+            if (best < 0 || other.Points > f_.m.mCards.at(Val(table[best].Tag)).Points) best = i;
+        } else if (Show) {
+            HiliteCards("T", i, false);
+        }
+    }
+    return best;
+}
+
+int HandPlay::selectedHandSlot() const {
+    const Shape& frame = f_.ctl.shpPHilite;
+    if (!frame.Visible) return -1;
+    for (int i = 0; i < 8; ++i)
+        if (Val(frame.Tag) == i && frame.Tag != "") return i;
+    return -1;
+}
+
+void HandPlay::hideTableFrames() {
+    for (std::size_t i = 0; i < f_.ctl.shpTHilite.size(); ++i) HiliteCards("T", static_cast<int>(i), false);
+}
+
+void HandPlay::imgPCard_Click(int Slot) {
+    if (f_.MousePointer() == FrmMain::kPointerHourglass || f_.ctl.shpFlipCard.Visible) return;
+    const int selected = selectedHandSlot();
+    if (selected >= 0) HiliteCards("P", selected, false);
+    if (selected == Slot) {
+        HiliteCards("P", Slot, false);
+        hideTableFrames();
+        return;
+    }
+    if (!f_.ctl.imgPCard.at(Slot).hasPicture()) {
+        hideTableFrames();
+        return;
+    }
+    HiliteCards("P", Slot, true);
+    RelativeCheck(Val(f_.ctl.imgPCard[Slot].Tag), true);
+}
+
+void HandPlay::imgTCard_Click(int Slot) {
+    MainVars& m = f_.m;
+    TableModel& c = f_.ctl;
+    if (m.mTurn > 0) return;
+    if (!c.shpTHilite.at(Slot).Visible) {
+        if (c.imgFlipCard.hasPicture() || !c.shpPHilite.Visible) return;
+        const int position = Val(c.imgPCard.at(Val(c.shpPHilite.Tag)).Tag);
+        if (RelativeCheck(position, false) == -1) imgTable_Click();
+        return;
+    }
+    const bool fromHand = c.shpPHilite.Visible;
+    const int handSlot = fromHand ? static_cast<int>(Val(c.shpPHilite.Tag)) : -1;
+    int pair[2];
+    pair[0] = Val(c.imgTCard[Slot].Tag);
+    if (fromHand)
+        pair[1] = f_.g.gPlayMode == 2 ? static_cast<int>(Val(c.imgPCard.at(handSlot).Tag)) : handSlot;
+    else
+        pair[1] = Val(c.imgFlipCard.Tag);
+    const bool wild = m.mCards.at(pair[1]).isWild();
+    for (int k = 0; k < 2; ++k) {
+        f_.piles.SendToPlayerPoints(pair[k], wild, k);
+        if (f_.g.gUseYaku) f_.yaku.ShowYaku(pair[k]);
+    }
+    c.imgTCard[Slot].clearCard();
+    c.shpTHilite[Slot].Visible = false;
+    if (f_.events) f_.events->moved(0, !fromHand, pair[1], pair[0], Slot);
+    f_.piles.CalcPlayerPoints();
+    if (fromHand) {
+        c.imgPCard.at(handSlot).clearCard();
+        c.shpPHilite.Visible = false;
+    } else {
+        c.imgFlipCard.clearCard();
+        c.shpFlipCard.Visible = false;
+    }
+    for (Shape& frame : c.shpTHilite) frame.Visible = false;
+    f_.yaku.CountYakus();
+    if (f_.g.gPlayMode > 0)
+        f_.sendToPeer("CARD," + (fromHand ? c.shpPHilite.Tag : std::to_string(pair[1])) + "," + std::to_string(Slot));
+    passTurnIfFlipped();
+    if (fromHand)
+        f_.flip.FlipCard();
+    else if (m.mPlayerPlays == 8 && m.mCompPlays == 8)
+        f_.EndMatch();
+    c.shpPHilite.Tag = "-1";
+}
+
+void HandPlay::passTurnIfFlipped() {
+    MainVars& m = f_.m;
+    if (m.mPlayerFlipped == 1 && m.mCompPlays < 8) {
+        m.mTurn = 1;
+        f_.tmrComputer.setEnabled(true);
+        m.mCompPhase = 0;
+    }
+}
+
+void HandPlay::imgTable_Click() {
+    MainVars& m = f_.m;
+    TableModel& c = f_.ctl;
+    if (m.mTurn == 0) {
+        if (!c.shpPHilite.Visible) return;
+        const int s = Val(c.shpPHilite.Tag);
+        const int p = Val(c.imgPCard.at(s).Tag);
+        if (RelativeCheck(p, true) != -1) return;
+        const int slot = AddCardToTable(p);
+        if (f_.events) f_.events->moved(0, false, p, -1, slot);
+        if (f_.g.gPlayMode > 0) f_.sendToPeer("CARD," + std::to_string(s) + ",-1");
+        c.imgPCard[s].clearCard();
+        c.imgPCard[s].Visible = false;
+        c.shpPHilite.Visible = false;
+        f_.flip.FlipCard();
+    } else if (m.mCompPhase == 1) {
+        if (RelativeCheck(m.mCompDeckPos, true) != -1) return;
+        const int slot = AddCardToTable(m.mCompDeckPos);
+        if (f_.events) f_.events->moved(1, false, m.mCompDeckPos, -1, slot);
+        Image& card = c.imgCCard.at(m.mCompCard);
+        card.Picture = NoPicture;
+        card.Visible = false;
+        card.Tag = "-1";
+    }
+}
+
+int HandPlay::AddCardToTable(int Position) {
+    TableModel& c = f_.ctl;
+    int slot = -1;
+    for (std::size_t i = 0; i < c.imgTCard.size() && slot < 0; ++i)
+        if (!c.imgTCard[i].hasPicture()) slot = static_cast<int>(i);
+    const bool grown = slot < 0;
+    if (grown) slot = c.loadTableSlot();
+    Image& card = c.imgTCard[slot];
+    card.Picture = f_.m.mCards.at(Position).Picture;
+    card.ToolTipText = cardToolTip(f_.m.mCards[Position]);
+    card.Tag = std::to_string(Position);
+    if (grown) {
+        c.bringToFront(card);
+        card.Visible = true;
+    }
+    if (f_.m.mTurn == 0) passTurnIfFlipped();
+    return slot;
+}
+
+}  // namespace petal
