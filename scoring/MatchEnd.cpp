@@ -1,0 +1,233 @@
+#include "scoring/MatchEnd.h"
+
+#include <cstdint>
+#include <cstdlib>
+
+#include "cards/FrmCards.h"
+#include "cards/Val.h"
+#include "records/FrmHOFWinner.h"
+#include "records/HallOfFame.h"
+#include "scoring/FrmScoreCard.h"
+#include "shell/FrmMain.h"
+#include "shell/Host.h"
+
+namespace petal {
+
+int MatchEnd::scoreOf(int side) const {
+    return static_cast<std::int16_t>(Val(f_.ctl.panel[side].lblPointsTotal[3].Caption));
+}
+
+void MatchEnd::EndMatch() {
+    sweepClaim();
+    if (f_.events) f_.events->dealEnded();
+    if (f_.g.gGameType == 0)
+        endSingleGame();
+    else
+        endTournamentRound();
+    if (f_.m.mRoundNo > f_.g.gRounds) f_.m.mRoundNo = 0;
+}
+
+// The side whose wild card took a table card sweeps up what is left of that card's month,
+// and every willow card still on the table.
+void MatchEnd::sweepClaim() {
+    MainVars& m = f_.m;
+    TableModel& c = f_.ctl;
+    int claimant = -1;
+    if (c.panel[0].imgGagi.Visible) claimant = 0;
+    else if (c.panel[1].imgGagi.Visible) claimant = 1;
+    if (claimant < 0) return;
+    const CardRecord& marked = m.mCards.at(Val(c.panel[claimant].imgGagi.Tag));
+    for (std::size_t i = 0; i < c.imgTCard.size(); ++i) {
+        if (!c.imgTCard[i].hasPicture()) continue;
+        const int saved = m.mTurn;
+        m.mTurn = claimant;
+        const int position = Val(c.imgTCard[i].Tag);
+        const CardRecord& card = m.mCards.at(position);
+        const bool sameMonth = card.Flower == marked.Flower;
+        if (sameMonth || card.Flower == "F11") {
+            f_.piles.SendToPoints(claimant, position, false, 0);
+            if (f_.events) f_.events->claimed(claimant, position, static_cast<int>(i));
+            if (sameMonth && f_.g.gUseYaku) f_.yaku.ShowYaku(position);
+            c.imgTCard[i].clearCard();
+            f_.host.refresh();
+            f_.piles.CalcPlayerPoints();
+        }
+        m.mTurn = saved;
+    }
+    f_.yaku.CountYakus();
+}
+
+bool MatchEnd::askPlayAgain() {
+    return f_.host.msgBox({"Do you want to play again?", "Play Again?", MsgIcon::Question, MsgButtons::YesNo}) ==
+           MsgResult::Yes;
+}
+
+// A bounded number of passes that lets a peer's answer arrive; the exit test is an equality,
+// so a pass that meets the count while data is being received goes round the counter.
+void MatchEnd::pumpAfterQuestion() {
+    std::uint32_t passes = 0;
+    while (!f_.host.ending()) {
+        ++passes;
+        f_.host.doEvents();
+        if (!f_.m.mReceiving && passes == 10000) return;
+    }
+}
+
+// The 10-point rows' captions compared as text: a blank sorts first, "20" after "100".
+void MatchEnd::decideNextStarter() {
+    const std::string& mine = f_.ctl.panel[0].lblPointsTotal[1].Caption;
+    const std::string& theirs = f_.ctl.panel[1].lblPointsTotal[1].Caption;
+    f_.m.mTurn = mine > theirs ? 0 : 1;
+}
+
+void MatchEnd::endSingleGame() {
+    Globals& g = f_.g;
+    g.gGameInProgress = 0;
+    CheckWinLose();
+    if (g.gPlayMode != 0) g.gRematchPending = true;
+    const bool again = askPlayAgain();
+    if (g.gPlayMode != 0) pumpAfterQuestion();
+    decideNextStarter();
+    if (!again) {
+        if (g.gPlayMode != 0) f_.sendToPeer("NEWG,1");
+        f_.Unload();
+        return;
+    }
+    if (g.gPlayMode == 0) {
+        f_.dealer.NewGame(false);
+        f_.dealer.DealCards();
+        return;
+    }
+    if (f_.socketState() == 8) return;
+    answerRematch();
+    f_.dealer.NewGame(false);
+    f_.dealer.DealCards();
+}
+
+// Yes to a rematch on a network: a peer that has not said yes yet is asked and waited for.
+void MatchEnd::answerRematch() {
+    const bool peerUndecided = f_.g.gRematchPending;
+    f_.g.gRematchPending = false;
+    f_.sendToPeer("NEWG,0");
+    if (peerUndecided) f_.waitForPeer("Please Wait...", "Asking your opponent for another game.");
+}
+
+void MatchEnd::endTournamentRound() {
+    MainVars& m = f_.m;
+    Globals& g = f_.g;
+    ++m.mRoundNo;
+    const int p = scoreOf(0), c = scoreOf(1);
+    g.gRoundScores[0].at(0) += p;
+    g.gRoundScores[1].at(0) += c;
+    g.gRoundScores[0].at(m.mRoundNo) = p;
+    g.gRoundScores[1].at(m.mRoundNo) = c;
+    CheckWinLose();
+    f_.setMousePointer(FrmMain::kPointerHourglass);
+    if (g.gPlayMode != 0) g.gRematchPending = true;
+    EndComment();
+    showScoreCard();
+    f_.setMousePointer(FrmMain::kPointerDefault);
+    if (f_.host.ending()) return;
+    if (m.mRoundNo < g.gRounds) {
+        m.mTurn = g.gRoundScores[0][m.mRoundNo] > g.gRoundScores[1][m.mRoundNo] ? 0 : 1;
+        if (g.gPlayMode == 0) {
+            f_.dealer.DealCards();
+        } else {
+            f_.dealer.NewGame(false);
+            m.mAutoDeal = true;
+        }
+        return;
+    }
+    g.gGameInProgress = 0;
+    m.mTournamentYakus = 0;
+    if (m.mRoundNo > g.gRounds) return;
+    m.mRoundNo = 0;
+    const bool again = askPlayAgain();
+    pumpAfterQuestion();
+    if (!again) {
+        if (g.gPlayMode != 0) f_.sendToPeer("NEWG,1");
+        f_.Unload();
+        return;
+    }
+    if (g.gPlayMode == 0) {
+        f_.dealer.DealCards();
+        return;
+    }
+    if (f_.socketState() != 8) answerRematch();
+    f_.dealer.NewGame(false);
+    if (m.mTurn == 1) m.mPeerReady = false;
+}
+
+void MatchEnd::showScoreCard() {
+    if (f_.g.gPlayMode != 0 && !f_.g.gLocalLeads) {
+        f_.host.waitUntil([this] { return f_.m.mPeerScoreOpen; });
+        FrmScoreCard card(f_);
+        f_.host.showModal(card);
+        f_.m.mPeerScoreOpen = false;
+        return;
+    }
+    FrmScoreCard card(f_);
+    f_.host.showModal(card);
+}
+
+void MatchEnd::CheckWinLose() {
+    TableModel& c = f_.ctl;
+    c.panel[0].imgTurn.Visible = false;
+    c.panel[1].imgTurn.Visible = false;
+    const int p = scoreOf(0), o = scoreOf(1);
+    const int mine = p > o ? 0 : p < o ? 1 : 2;
+    const int theirs = p > o ? 1 : p < o ? 0 : 2;
+    for (int side = 0; side < 2; ++side) {
+        Image& banner = c.imgWinLose[side];
+        banner.Visible = false;
+        banner.Picture = FrmCards::imgWinLose(side == 0 ? mine : theirs);
+        f_.host.refresh();
+        banner.Visible = true;
+    }
+    if (f_.g.gPlayMode != 0) return;
+    if (p >= o && f_.hof.IsHighScore(0, p)) offerSingleHighScore(p);
+    if (f_.g.gGameType > 0) {
+        if (f_.m.mRoundNo != f_.g.gRounds) {
+            f_.m.mTournamentYakus += f_.m.mYakuCount[0];
+            return;
+        }
+        offerTournamentHighScore();
+    }
+}
+
+void MatchEnd::offerSingleHighScore(int p) {
+    FrmHOFWinner winner(f_.g, f_.hof);
+    winner.mScore = p;
+    winner.mYakuCount = f_.m.mYakuCount[0];
+    winner.mRounds = 0;
+    winner.mFormCaption = "Single Game High Score";
+    f_.host.showModal(winner);
+}
+
+void MatchEnd::offerTournamentHighScore() {
+    const Globals& g = f_.g;
+    const int total = g.gRoundScores[0].at(0);
+    if (total < g.gRoundScores[1].at(0) || !f_.hof.IsHighScore(g.gGameType, total)) return;
+    FrmHOFWinner winner(f_.g, f_.hof);
+    winner.mScore = total;
+    winner.mYakuCount = f_.m.mYakuCount[0] + f_.m.mTournamentYakus;
+    int won = 0;
+    for (int i = 1; i <= g.roundScoresUpper(); ++i) won += g.gRoundScores[0][i] > g.gRoundScores[1][i] ? 1 : 0;
+    winner.mRoundsWon = won;
+    winner.mRounds = g.gRounds;
+    winner.mFormCaption = "Tournament High Score";
+    f_.host.showModal(winner);
+}
+
+void MatchEnd::EndComment() {
+    const int round = f_.m.mRoundNo;
+    const int p = f_.g.gRoundScores[0].at(round), c = f_.g.gRoundScores[1].at(round);
+    const int d = std::abs(p - c);
+    const int level = d < 51 ? 1 : d <= 100 ? 2 : 3;
+    if (p == c)
+        f_.PlaySound(f_.programFile("Tie.wav"));
+    else
+        f_.PlaySound(f_.programFile((p > c ? "pwin" : "cwin") + std::to_string(level) + ".wav"));
+}
+
+}  // namespace petal

@@ -1,0 +1,33 @@
+#pragma once
+
+namespace petal {
+
+class FrmMain;
+
+// The end of a deal: the wild card's claim, the result and its banners, the Hall of Fame
+// offers, the tournament's score, and what comes next.
+class MatchEnd {
+public:
+    explicit MatchEnd(FrmMain& f) : f_(f) {}
+
+    void EndMatch();
+    void CheckWinLose();
+    void EndComment();
+
+private:
+    void sweepClaim();
+    void endSingleGame();
+    void endTournamentRound();
+    bool askPlayAgain();
+    void answerRematch();
+    void pumpAfterQuestion();
+    void decideNextStarter();
+    void showScoreCard();
+    void offerSingleHighScore(int p);
+    void offerTournamentHighScore();
+    int scoreOf(int side) const;
+
+    FrmMain& f_;
+};
+
+}  // namespace petal

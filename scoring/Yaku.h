@@ -1,0 +1,30 @@
+#pragma once
+
+namespace petal {
+
+class FrmMain;
+
+// The eight yaku: the count of cards by side and group, the two rows of thumbnails, dead and
+// complete groups, the sounds, and the panel that shows a group's three cards at full size.
+class Yaku {
+public:
+    explicit Yaku(FrmMain& f) : f_(f) {}
+
+    void ShowYaku(int CardPos);
+    void CountYakus();
+    void imgPYaku_Click(int Index);
+    void imgPYaku_MouseMove(int Index);
+    void cmdYakuClose_Click();
+    void imgYakuShow_MouseMove();
+    void picYakuShow_MouseMove();
+
+    // Refreshes the open panel's three pictures from the thumbnails' Tags.
+    void reloadPanel();
+
+private:
+    void backThumbnails(int group, bool player, bool opposite);
+
+    FrmMain& f_;
+};
+
+}  // namespace petal
