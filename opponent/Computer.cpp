@@ -1,0 +1,175 @@
+#include "opponent/Computer.h"
+
+#include "cards/Val.h"
+#include "shell/FrmMain.h"
+#include "shell/Host.h"
+
+namespace petal {
+
+void Computer::tmrComputer_Timer() {
+    MainVars& m = f_.m;
+    TableModel& c = f_.ctl;
+    f_.host.doEvents();
+    f_.setMousePointer(FrmMain::kPointerHourglass);
+    if (!c.panel[1].imgTurn.Visible) {
+        c.panel[0].imgTurn.Visible = false;
+        c.panel[1].imgTurn.Visible = true;
+        if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = false;
+    }
+    if (m.mCompPlays >= 8) {
+        closingTick();
+        return;
+    }
+    const bool advance = runPhase();
+    if (f_.g.gPlayMode == 0 || advance) ++m.mCompPhase;
+}
+
+bool Computer::runPhase() {
+    MainVars& m = f_.m;
+    const bool remote = f_.g.gPlayMode > 0;
+    switch (m.mCompPhase) {
+        case 0:
+            if (remote) return f_.remote.MultiPlayerSelectCard();
+            CompSelectCard();
+            return true;
+        case 1:
+            if (remote) return f_.remote.MultiPlayerDropCard(1);
+            CompDropCard();
+            return true;
+        case 2:
+            CompFlipFromDeck();
+            return true;
+        case 3: {
+            bool done = true;
+            if (f_.ctl.imgFlipCard.hasPicture()) {
+                if (remote)
+                    done = f_.remote.MultiPlayerDropCard(3);
+                else
+                    CompDropCard();
+            }
+            if (done) endTurn();
+            return done;
+        }
+        default:
+            return true;
+    }
+}
+
+void Computer::endTurn() {
+    MainVars& m = f_.m;
+    ++m.mCompPlays;
+    m.mTurn = 0;
+    m.mPlayerFlipped = 0;
+    f_.setMousePointer(FrmMain::kPointerDefault);
+    if (!(m.mPlayerPlays == 8 && m.mCompPlays == 8)) {
+        f_.tmrComputer.setEnabled(false);
+        handMarkersToLocal();
+        return;
+    }
+    // Both hands are empty: the timer stays on for exactly one more tick, which ends the deal.
+    f_.ctl.panel[1].imgTurn.Visible = false;
+    f_.ctl.panel[0].imgTurn.Visible = false;
+    if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = true;
+}
+
+void Computer::closingTick() {
+    MainVars& m = f_.m;
+    f_.tmrComputer.setEnabled(false);
+    m.mTurn = 0;
+    m.mPlayerFlipped = 0;
+    f_.setMousePointer(FrmMain::kPointerDefault);
+    if (!(m.mPlayerPlays == 8 && m.mCompPlays == 8)) {
+        handMarkersToLocal();
+        return;
+    }
+    f_.ctl.panel[1].imgTurn.Visible = false;
+    f_.ctl.panel[0].imgTurn.Visible = false;
+    if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = true;
+    f_.EndMatch();
+}
+
+void Computer::handMarkersToLocal() {
+    TableModel& c = f_.ctl;
+    if (c.panel[0].imgTurn.Visible) return;
+    c.panel[1].imgTurn.Visible = false;
+    c.panel[0].imgTurn.Visible = true;
+    if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = true;
+}
+
+void Computer::CompSelectCard() {
+    const MainVars& m = f_.m;
+    const TableModel& c = f_.ctl;
+    int bestValue = 0, bestSlot = 0;
+    bool matched = false;
+    // Pass 1: the most valuable capture, the lowest slot among equals.
+    for (int i = 0; i < 8; ++i) {
+        if (!c.imgCCard[i].hasPicture()) continue;
+        const int card = Val(c.imgCCard[i].Tag);
+        const int t = f_.play.RelativeCheck(card, false);
+        if (t <= -1) continue;
+        matched = true;
+        const int value = m.mCards.at(card).Points + m.mCards.at(Val(c.imgTCard.at(t).Tag)).Points;
+        if (bestValue < value) {
+            bestValue = value;
+            bestSlot = i;
+        }
+    }
+    if (matched && bestValue != 0) {
+        commitSelection(bestSlot, true);
+        return;
+    }
+    // Pass 2: the cheapest card, the highest slot among equals. A capture worth 0 is no
+    // reason to play a card.
+    bestValue = 20;
+    for (int i = 0; i < 8; ++i) {
+        if (!c.imgCCard[i].hasPicture()) continue;
+        const int points = m.mCards.at(Val(c.imgCCard[i].Tag)).Points;
+        if (points <= bestValue) {
+            bestValue = points;
+            bestSlot = i;
+        }
+    }
+    commitSelection(bestSlot, false);
+}
+
+void Computer::commitSelection(int slot, bool highlight) {
+    MainVars& m = f_.m;
+    Image& card = f_.ctl.imgCCard.at(slot);
+    m.mCompCard = slot;
+    m.mCompDeckPos = Val(card.Tag);
+    card.Picture = m.mCards.at(m.mCompDeckPos).Picture;
+    if (highlight) f_.play.RelativeCheck(m.mCompDeckPos, true);
+    card.Tag = "-1";
+}
+
+void Computer::CompDropCard() {
+    MainVars& m = f_.m;
+    TableModel& c = f_.ctl;
+    const int t = f_.play.RelativeCheck(m.mCompDeckPos, true);
+    if (t == -1) {
+        f_.play.imgTable_Click();
+        return;
+    }
+    const int pair[2] = {static_cast<int>(Val(c.imgTCard.at(t).Tag)), m.mCompDeckPos};
+    const bool wild = m.mCards.at(pair[1]).isWild();
+    for (int k = 0; k < 2; ++k) {
+        f_.piles.SendToCompPoints(pair[k], wild, k);
+        if (f_.g.gUseYaku) f_.yaku.ShowYaku(pair[k]);
+    }
+    c.imgTCard[t].clearCard();
+    c.shpTHilite[t].Visible = false;
+    if (f_.events) f_.events->moved(1, m.mCompPhase != 1, pair[1], pair[0], t);
+    f_.piles.CalcPlayerPoints();
+    if (m.mCompPhase == 1) {
+        c.imgCCard.at(m.mCompCard).clearCard();
+    } else {
+        c.imgFlipCard.clearCard();
+        c.shpFlipCard.Visible = false;
+    }
+    for (Shape& frame : c.shpTHilite) frame.Visible = false;
+    f_.yaku.CountYakus();
+}
+
+void Computer::CompFlipFromDeck() { f_.flip.FlipCard(); }
+
+}  // namespace petal
