@@ -1,0 +1,103 @@
+#include "shell/FrmMain.h"
+
+#include "records/HallOfFame.h"
+#include "scoring/FrmScoreCard.h"
+#include "shell/FatalError.h"
+#include "shell/FrmSetup.h"
+#include "shell/Host.h"
+
+namespace petal {
+
+FrmMain::FrmMain(Host& host_, Globals& g_, HallOfFame& hof_)
+    : host(host_),
+      g(g_),
+      hof(hof_),
+      settings(host_, g_, Caption),
+      tmrComputer(host_, [this] { computer.tmrComputer_Timer(); }, 1000),
+      tmrFlipTimer(host_, [this] { flip.tmrFlipTimer_Timer(); }, 1000),
+      tmrWinsockState(host_, [] {}, 500),
+      dealer(*this),
+      play(*this),
+      flip(*this),
+      piles(*this),
+      yaku(*this),
+      matchEnd(*this),
+      computer(*this),
+      remote(*this) {}
+
+void FrmMain::setMousePointer(int pointer) {
+    if (pointer == mousePointer_) return;
+    mousePointer_ = pointer;
+    host.setMousePointer(pointer);
+}
+
+std::string FrmMain::programFile(const std::string& name) const { return (host.programFolder() / name).string(); }
+
+void FrmMain::Form_Load() {
+    Caption = "Petalgarden";
+    helpFile = programFile("PetalgardenHelp.chm");
+    settings.LoadSettings();
+    m.mHiliteColor = {0xFF0000, 0x0000FF};
+    static constexpr const char* kCodes[24] = {"11", "12", "13", "21", "22", "23", "31", "32",
+                                               "33", "41", "42", "43", "51", "52", "53", "61",
+                                               "62", "63", "71", "72", "73", "81", "82", "83"};
+    for (int i = 0; i < 24; ++i) g.gYakuCodes[i] = kCodes[i];
+    m.mCardBack = ctl.imgCCard[0].Picture;
+    menu.mnuVScore.Enabled = g.gGameType != 0;
+    menu.mnuVChat.Enabled = false;  // the settings always leave the program in single play
+}
+
+bool FrmMain::Form_Unload() {
+    if (g.gGameInProgress <= 0) return false;
+    const MsgResult answer = host.msgBox({"Are you sure?", "Quit Petalgardn", MsgIcon::Question, MsgButtons::YesNo});
+    if (answer != MsgResult::Yes) {
+        // Timers ran while the question stood: the game may have ended meanwhile.
+        if (g.gGameInProgress == 0) dealer.NewGame(true);
+        return true;
+    }
+    // The socket closes here once network sessions exist.
+    hof.CloseHallOfFame();
+    return false;
+}
+
+void FrmMain::mnuVScore_Click() {
+    FrmScoreCard card(*this);
+    card.mFromMenu = true;
+    host.showModal(card);
+}
+
+void FrmMain::mnuSetup_Click() {
+    // Failures while the dialog loads end this routine without a word, as the menu's own
+    // error trap has it; failures of the dialog's buttons end the program as usual.
+    try {
+        FrmSetup setup(*this);
+        host.showModal(setup);
+    } catch (const FatalError&) {
+        return;
+    }
+    if (socketState() == 0) m.mConnected = false;
+    if (g.gSetupCancelled) return;
+    menu.mnuVScore.Enabled = g.gGameType != 0;
+    if (g.gPlayMode <= 0) {
+        menu.mnuVChat.Enabled = false;
+        m.mTurn = 0;
+        setMousePointer(kPointerDefault);
+        return;
+    }
+    // A network session starts here (listening or connecting) once the TCP link exists; until
+    // then the chosen mode is stored and shown in the title.
+    m.mLocalReady = m.mPeerReady = true;
+    menu.mnuVChat.Enabled = true;
+}
+
+void FrmMain::Unload() {
+    if (!Form_Unload()) host.endProgram();
+}
+
+// Single play has no peer and no link: nothing is sent and nothing is awaited. The TCP link
+// attaches here when network sessions open.
+void FrmMain::sendToPeer(const std::string&) {}
+
+void FrmMain::waitForPeer(const std::string&, const std::string&) {}
+
+}  // namespace petal

@@ -1,0 +1,108 @@
+#pragma once
+// The game: the main form's state, its controls and its handlers. The routines of the round,
+// the scoring and the opponent are members of their own classes, reached from here.
+#include <string>
+
+#include "cards/Globals.h"
+#include "cards/MainVars.h"
+#include "engine/Dealer.h"
+#include "engine/DeckFlip.h"
+#include "engine/HandPlay.h"
+#include "engine/Rnd.h"
+#include "engine/table_view/TableModel.h"
+#include "net/RemoteReplay.h"
+#include "opponent/Computer.h"
+#include "records/Gardenia.h"
+#include "scoring/MatchEnd.h"
+#include "scoring/Piles.h"
+#include "scoring/Yaku.h"
+#include "shell/GameEvents.h"
+#include "shell/MenuModel.h"
+#include "shell/Timer.h"
+
+namespace petal {
+
+class Host;
+class HallOfFame;
+
+class FrmMain {
+public:
+    static constexpr int kPointerDefault = 0;
+    static constexpr int kPointerHourglass = 11;
+    static constexpr int kPointerHand = 99;
+
+    FrmMain(Host& host, Globals& g, HallOfFame& hof);
+    FrmMain(const FrmMain&) = delete;
+    FrmMain& operator=(const FrmMain&) = delete;
+
+    Host& host;
+    Globals& g;
+    HallOfFame& hof;
+    MainVars m;
+    TableModel ctl;
+    MenuModel menu;
+    std::string Caption;
+    std::string helpFile;
+    Rnd rnd;  // the platform's random generator, reset by network deals
+    GameEvents* events = nullptr;
+    Gardenia settings;
+
+    Timer tmrComputer;
+    Timer tmrFlipTimer;
+    Timer tmrWinsockState;
+
+    Dealer dealer;
+    HandPlay play;
+    DeckFlip flip;
+    Piles piles;
+    Yaku yaku;
+    MatchEnd matchEnd;
+    Computer computer;
+    RemoteReplay remote;
+
+    int MousePointer() const { return mousePointer_; }
+    void setMousePointer(int pointer);
+
+    void Form_Load();
+    // Returns true to refuse the closing; otherwise the program is to end.
+    bool Form_Unload();
+    // "Unload frmMain": closing runs through Form_Unload and ends the program unless refused.
+    void Unload();
+
+    void mnuExit_Click() { Unload(); }
+    void mnuVScore_Click();
+    void mnuSetup_Click();
+
+    // Each takes away only the hand pointer, so the hourglass survives every mouse movement.
+    void Form_MouseMove() { restoreArrow(); }
+    void imgPCard_MouseMove() { restoreArrow(); }
+    void imgPPoint00_MouseMove() { restoreArrow(); }
+    void Picture1_MouseMove() { restoreArrow(); }
+    void Picture2_MouseMove() { restoreArrow(); }
+
+    // The one call for sounds. The game is silent: the calls and file names stand ready for sounds.
+    void PlaySound(const std::string& path) { lastSound_ = path; }
+    const std::string& lastSound() const { return lastSound_; }
+    std::string programFile(const std::string& name) const;
+
+    void EndMatch() { matchEnd.EndMatch(); }
+
+    // The receive buffer of this side: the host's or the client's.
+    std::string& recvBuffer() { return g.gPlayMode == 2 ? m.mClientRecv : m.mHostRecv; }
+    // Sends one message to the peer and waits for it to leave.
+    void sendToPeer(const std::string& message);
+    // The state of the TCP link: 0 closed, 7 connected, 8 the peer is closing.
+    int socketState() const { return 0; }
+    // Shows the modal wait of the network until the peer's answer unloads it.
+    void waitForPeer(const std::string& caption, const std::string& message);
+
+    void restoreArrow() {
+        if (mousePointer_ == kPointerHand) setMousePointer(kPointerDefault);
+    }
+
+private:
+    int mousePointer_ = kPointerDefault;
+    std::string lastSound_;
+};
+
+}  // namespace petal

@@ -1,0 +1,65 @@
+#pragma once
+// The setup dialog's model: game type, rounds, yaku and play mode, their validation, and the
+// reset of a running game. Made anew at each opening, so each starts from its built state.
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "shell/Form.h"
+
+namespace petal {
+
+class FrmMain;
+
+struct SetupTextBox {
+    std::string Text;
+    bool Enabled = false;
+    std::uint32_t BackColor = 0;  // blue-green-red, or a system colour code
+    std::size_t MaxLength = 0;
+};
+
+class FrmSetup : public Form {
+public:
+    static constexpr std::uint32_t kButtonFace = 0x8000000F;  // the system's button face colour
+    static constexpr std::uint32_t kWhite = 0xFFFFFF;
+    static constexpr std::uint32_t kGrey = 0xC0C0C0;
+    enum class Field { None, Rounds, HostIP };
+
+    explicit FrmSetup(FrmMain& f);
+    const char* formName() const override { return "frmSetup"; }
+
+    std::array<bool, 2> optGameType{true, false};
+    std::array<bool, 3> optGame{true, false, false};
+    bool lblRoundsEnabled = false;
+    SetupTextBox txtRounds;
+    int chkUseYaku = 1;
+    SetupTextBox txtHostIP;
+    Field mInvalidControl = Field::None;
+    Field focus = Field::None;  // where the view puts the focus
+    bool mSetupOK = false;
+    bool mLoading = false;
+
+    void Form_Load() override;
+    void Form_Activate() override { mLoading = false; }
+    void Form_Unload() override;
+
+    // A click on an option button: selecting one that is not yet selected raises its handler.
+    void selectGameType(int index);
+    void selectGame(int index);
+    void optGameType_Click(int Index);
+    void optGame_Click(int Index);
+    // Digits and backspace pass; any other key is swallowed (0).
+    static int txtRounds_KeyPress(int KeyAscii);
+    void setText(SetupTextBox& box, const std::string& text);
+    bool FormValidation();
+    void cmdOK_Click();
+    void cmdCancel_Click() { Unload(); }
+
+private:
+    int selectedPlayMode() const;
+    void writeChoices(int playMode);
+
+    FrmMain& f_;
+};
+
+}  // namespace petal
