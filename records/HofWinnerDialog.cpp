@@ -1,0 +1,44 @@
+#include "records/HofWinnerDialog.h"
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "assets/PictureStore.h"
+#include "records/FrmHOFWinner.h"
+#include "shell/QtHost.h"
+
+namespace petal {
+
+HofWinnerDialog::HofWinnerDialog(FrmHOFWinner& form, QtHost& host, PictureStore& pictures, QWidget* parent)
+    : QDialog(parent), form_(form), host_(host), name_(new QLineEdit(this)), ok_(new QPushButton(QStringLiteral("OK"), this)) {
+    setWindowTitle(QString::fromStdString(form.Caption));
+    auto* layout = new QGridLayout(this);
+    auto* picture = new QLabel(this);
+    picture->setPixmap(pictures.pixmap(pic::HofWinnerDecoration, devicePixelRatioF()));
+    layout->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
+    layout->addWidget(new QLabel(QString::fromStdString(form.Label1), this), 0, 1, 1, 2);
+    layout->addWidget(new QLabel(QString::fromStdString(form.Label2), this), 1, 1, 1, 2);
+    name_->setMaxLength(static_cast<int>(FrmHOFWinner::kMaxName));
+    name_->setText(QString::fromStdString(form.txtHOFName()));
+    layout->addWidget(name_, 2, 1, 1, 2);
+    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    ok_->setDefault(true);
+    ok_->setEnabled(form.cmdOKEnabled());
+    layout->addWidget(ok_, 3, 1);
+    layout->addWidget(cancel, 3, 2);
+    connect(name_, &QLineEdit::textEdited, this, [this](const QString& text) {
+        host_.dispatch([this, text] { form_.setTxtHOFName(text.toStdString()); });
+        ok_->setEnabled(form_.cmdOKEnabled());
+    });
+    connect(ok_, &QPushButton::clicked, this, [this] { host_.dispatch([this] { form_.cmdOK_Click(); }); });
+    connect(cancel, &QPushButton::clicked, this, [this] { host_.dispatch([this] { form_.cmdCancel_Click(); }); });
+    setFixedSize(sizeHint());
+}
+
+void HofWinnerDialog::reject() {
+    host_.dispatch([this] { form_.cmdCancel_Click(); });
+}
+
+}  // namespace petal

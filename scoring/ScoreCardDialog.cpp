@@ -1,0 +1,81 @@
+#include "scoring/ScoreCardDialog.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "scoring/FrmScoreCard.h"
+#include "shell/QtHost.h"
+
+namespace petal {
+
+namespace {
+constexpr int kTwips = 15;
+}
+
+ScoreCardDialog::ScoreCardDialog(FrmScoreCard& form, QtHost& host, QWidget* parent)
+    : QDialog(parent), form_(form), host_(host), heading_(new QLabel(this)), grid_(new QTableWidget(this)) {
+    setWindowTitle(QStringLiteral("Score Card"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 6);
+    layout->setSpacing(1);
+    QFont headingFont = heading_->font();
+    headingFont.setPointSize(11);
+    headingFont.setBold(true);
+    heading_->setFont(headingFont);
+    heading_->setAlignment(Qt::AlignCenter);
+    heading_->setFixedHeight(FrmScoreCard::kLabelHeight / kTwips);
+    layout->addWidget(heading_);
+    grid_->horizontalHeader()->hide();
+    grid_->verticalHeader()->hide();
+    grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grid_->setSelectionMode(QAbstractItemView::NoSelection);
+    grid_->setFocusPolicy(Qt::NoFocus);
+    grid_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    grid_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    layout->addWidget(grid_);
+    auto* ok = new QPushButton(QStringLiteral("OK"), this);
+    ok->setDefault(true);
+    ok->setFixedWidth(80);
+    layout->addWidget(ok, 0, Qt::AlignHCenter);
+    connect(ok, &QPushButton::clicked, this, [this] { host_.dispatch([this] { form_.cmdOK_Click(); }); });
+    fill();
+}
+
+void ScoreCardDialog::fill() {
+    heading_->setText(QString::fromStdString(form_.lblFormCaption));
+    const int rows = static_cast<int>(form_.grid.size());
+    grid_->setRowCount(rows);
+    grid_->setColumnCount(3);
+    for (int c = 0; c < 3; ++c) grid_->setColumnWidth(c, form_.colWidths.at(c) / kTwips);
+    for (int r = 0; r < rows; ++r) {
+        grid_->setRowHeight(r, form_.rowHeightMin / kTwips);
+        for (int c = 0; c < 3; ++c) {
+            const GridCell& cell = form_.grid[r][c];
+            auto* item = new QTableWidgetItem(QString::fromStdString(cell.text));
+            QFont font = item->font();
+            font.setBold(cell.bold);
+            font.setPointSize(cell.fontSize);
+            item->setFont(font);
+            const Qt::Alignment horizontal = cell.alignment == 4 ? Qt::AlignHCenter
+                                             : cell.alignment == 7 ? Qt::AlignRight
+                                                                   : (c == 0 ? Qt::AlignLeft : Qt::AlignRight);
+            item->setTextAlignment(horizontal | Qt::AlignVCenter);
+            // The first row and column are the grid's fixed ones, drawn as headings.
+            const bool fixed = r == 0 || c == 0;
+            const std::uint32_t bgr = fixed ? 0xC8D0D4 : cell.backColor;
+            item->setBackground(QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF));
+            grid_->setItem(r, c, item);
+        }
+    }
+    grid_->setFixedSize(FrmScoreCard::kGridWidth / kTwips + 2, form_.gridHeight / kTwips);
+    setFixedSize(sizeHint());
+}
+
+void ScoreCardDialog::reject() {
+    host_.dispatch([this] { form_.Unload(true); });
+}
+
+}  // namespace petal

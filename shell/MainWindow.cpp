@@ -1,0 +1,69 @@
+#include "shell/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QLayout>
+#include <QMenuBar>
+
+#include "engine/table_view/TableView.h"
+#include "shell/FrmMain.h"
+#include "shell/QtHost.h"
+
+namespace petal {
+
+MainWindow::MainWindow(FrmMain& game, QtHost& host, PictureStore& pictures)
+    : game_(game), host_(host), table_(new TableView(game, host, pictures, this)) {
+    setCentralWidget(table_);
+    buildMenus();
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    sync();
+}
+
+void MainWindow::buildMenus() {
+    for (const MenuModel::Menu& menu : game_.menu.menus()) {
+        QMenu* qmenu = menuBar()->addMenu(QString::fromStdString(menu.Caption));
+        qmenu->setObjectName(QString::fromStdString(menu.name));
+        for (MenuItem* item : menu.items) {
+            if (item->separator()) {
+                qmenu->addSeparator();
+                continue;
+            }
+            QAction* action = qmenu->addAction(QString::fromStdString(item->Caption));
+            action->setObjectName(QString::fromStdString(item->name));
+            if (!item->shortcut.empty()) action->setShortcut(QKeySequence(QString::fromStdString(item->shortcut)));
+            connect(action, &QAction::triggered, this, [this, item] { runMenu(*item); });
+            actions_[item] = action;
+        }
+    }
+}
+
+void MainWindow::runMenu(const MenuItem& item) {
+    MenuModel& menu = game_.menu;
+    host_.dispatch([this, &item, &menu] {
+        if (&item == &menu.mnuExit) game_.mnuExit_Click();
+        else if (&item == &menu.mnuVScore) game_.mnuVScore_Click();
+        else if (&item == &menu.mnuSetup) game_.mnuSetup_Click();
+    });
+}
+
+void MainWindow::sync() {
+    setWindowTitle(QString::fromStdString(game_.Caption));
+    for (auto& [item, action] : actions_) action->setEnabled(item->Enabled);
+    table_->update();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    if (host_.ending()) {
+        event->accept();
+        return;
+    }
+    bool refused = false;
+    host_.dispatch([this, &refused] { refused = game_.Form_Unload(); });
+    if (refused) {
+        event->ignore();
+        return;
+    }
+    event->accept();
+    host_.endProgram();
+}
+
+}  // namespace petal

@@ -1,0 +1,36 @@
+#pragma once
+// The main window: the menu bar of the menu model, the table view, the title and the closing.
+#include <QMainWindow>
+#include <map>
+
+namespace petal {
+
+class FrmMain;
+class PictureStore;
+class QtHost;
+class TableView;
+struct MenuItem;
+
+class MainWindow : public QMainWindow {
+    Q_OBJECT
+public:
+    MainWindow(FrmMain& game, QtHost& host, PictureStore& pictures);
+
+    // Brings title, menus and table in line with the model.
+    void sync();
+    TableView* table() const { return table_; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildMenus();
+    void runMenu(const MenuItem& item);
+
+    FrmMain& game_;
+    QtHost& host_;
+    TableView* table_;
+    std::map<const MenuItem*, QAction*> actions_;
+};
+
+}  // namespace petal

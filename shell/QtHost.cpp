@@ -1,0 +1,142 @@
+#include "shell/QtHost.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QDate>
+#include <QDialog>
+#include <QMessageBox>
+#include <QTime>
+#include <QTimer>
+
+#include "shell/FatalError.h"
+#include "shell/Form.h"
+#include "shell/Timer.h"
+
+namespace petal {
+
+QtHost::QtHost(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+QtHost::~QtHost() {
+    for (auto& [timer, qtimer] : timers_) delete qtimer;
+}
+
+void QtHost::registerDialog(const std::string& formName, DialogFactory make) { dialogs_[formName] = std::move(make); }
+
+void QtHost::dispatch(const std::function<void()>& handler) {
+    runHandler(*this, handler);
+    closeUnloadedDialogs();
+    if (onModelChanged) onModelChanged();
+}
+
+void QtHost::timerChanged(Timer& timer) {
+    QTimer*& qtimer = timers_[&timer];
+    if (!qtimer) {
+        qtimer = new QTimer(this);
+        qtimer->setTimerType(Qt::PreciseTimer);
+        Timer* core = &timer;
+        // A tick that comes while the previous one still runs is dropped.
+        connect(qtimer, &QTimer::timeout, this, [this, core] {
+            if (!core->ticking()) dispatch([core] { core->fire(); });
+        });
+    }
+    qtimer->stop();
+    if (timer.Enabled() && timer.Interval() > 0 && !ending_) qtimer->start(timer.Interval());
+}
+
+void QtHost::timerRemoved(Timer& timer) {
+    auto it = timers_.find(&timer);
+    if (it == timers_.end()) return;
+    delete it->second;
+    timers_.erase(it);
+}
+
+void QtHost::doEvents() {
+    if (onModelChanged) onModelChanged();
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+}
+
+void QtHost::waitUntil(const std::function<bool()>& done) {
+    if (onModelChanged) onModelChanged();
+    // Sleeps in the event dispatcher until something arrives: no CPU is spent waiting.
+    while (!done() && !ending_) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+MsgResult QtHost::msgBox(const MsgBox& box) {
+    if (ending_) return MsgResult::Cancel;
+    if (onModelChanged) onModelChanged();
+    QMessageBox dialog(mainWidget_);
+    dialog.setWindowTitle(QString::fromStdString(box.title));
+    dialog.setText(QString::fromStdString(box.text));
+    switch (box.icon) {
+        case MsgIcon::Critical: dialog.setIcon(QMessageBox::Critical); break;
+        case MsgIcon::Question: dialog.setIcon(QMessageBox::Question); break;
+        case MsgIcon::Exclamation: dialog.setIcon(QMessageBox::Warning); break;
+        case MsgIcon::Information: dialog.setIcon(QMessageBox::Information); break;
+        case MsgIcon::None: break;
+    }
+    switch (box.buttons) {
+        case MsgButtons::OK: dialog.setStandardButtons(QMessageBox::Ok); break;
+        case MsgButtons::OKCancel: dialog.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
+        case MsgButtons::YesNo: dialog.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+        case MsgButtons::YesNoCancel:
+            dialog.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
+            break;
+    }
+    switch (dialog.exec()) {
+        case QMessageBox::Ok: return MsgResult::OK;
+        case QMessageBox::Yes: return MsgResult::Yes;
+        case QMessageBox::No: return MsgResult::No;
+        default: return MsgResult::Cancel;
+    }
+}
+
+void QtHost::showModal(Form& form) {
+    if (ending_) return;
+    auto factory = dialogs_.find(form.formName());
+    if (factory == dialogs_.end())
+        throw FatalError("Petalgarden", std::string("The form ") + form.formName() + " has no view.");
+    form.markLoaded();
+    form.Form_Load();
+    if (!form.loaded() || ending_) return;
+    QPointer<QDialog> dialog = factory->second(form, mainWidget_);
+    open_.push_back({&form, dialog});
+    QTimer::singleShot(0, dialog, [this, &form] { dispatch([&form] { form.Form_Activate(); }); });
+    dialog->exec();
+    open_.pop_back();
+    if (form.loaded()) form.Unload();
+    delete dialog;
+}
+
+void QtHost::closeUnloadedDialogs() {
+    for (OpenDialog& open : open_)
+        if (!open.form->loaded() && open.dialog && open.dialog->isVisible()) open.dialog->done(0);
+}
+
+void QtHost::refresh() {
+    if (onModelChanged) onModelChanged();
+}
+
+void QtHost::setMousePointer(int pointer) {
+    if (onMousePointer) onMousePointer(pointer);
+}
+
+std::string QtHost::timeText() { return QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toStdString(); }
+
+std::string QtHost::dateText() { return QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")).toStdString(); }
+
+std::filesystem::path QtHost::programFolder() {
+    if (!folder_.empty()) return folder_;
+    return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
+}
+
+void QtHost::endProgram() {
+    if (ending_) return;
+    ending_ = true;
+    for (auto& [timer, qtimer] : timers_) qtimer->stop();
+    for (OpenDialog& open : open_)
+        if (open.dialog) open.dialog->done(0);
+    QCoreApplication::exit(0);
+    if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
+}
+
+}  // namespace petal

@@ -1,0 +1,135 @@
+#include "shell/SetupDialog.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QVBoxLayout>
+
+#include "assets/PictureStore.h"
+#include "shell/FrmSetup.h"
+#include "shell/QtHost.h"
+
+namespace petal {
+
+namespace {
+
+void paintBox(QLineEdit* box, const SetupTextBox& model) {
+    box->setEnabled(model.Enabled);
+    QPalette palette = box->palette();
+    const QColor colour = model.BackColor == FrmSetup::kButtonFace
+                              ? box->palette().color(QPalette::Button)
+                              : QColor(model.BackColor & 0xFF, (model.BackColor >> 8) & 0xFF, (model.BackColor >> 16) & 0xFF);
+    palette.setColor(QPalette::Base, colour);
+    palette.setColor(QPalette::Disabled, QPalette::Base, colour);
+    box->setPalette(palette);
+}
+
+}  // namespace
+
+SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, QWidget* parent)
+    : QDialog(parent), form_(form), host_(host) {
+    setWindowTitle(QStringLiteral("Setup"));
+    auto* top = new QGridLayout(this);
+
+    auto* frame1 = new QGroupBox(this);
+    auto* typeLayout = new QGridLayout(frame1);
+    const char* types[2] = {"Single Game", "Tournament"};
+    for (int i = 0; i < 2; ++i) {
+        gameType_[i] = new QRadioButton(QString::fromLatin1(types[i]), frame1);
+        typeLayout->addWidget(gameType_[i], i, 0, 1, 2);
+        connect(gameType_[i], &QRadioButton::clicked, this, [this, i] { forward([this, i] { form_.selectGameType(i); }); });
+    }
+    roundsLabel_ = new QLabel(QStringLiteral("Rounds"), frame1);
+    rounds_ = new QLineEdit(frame1);
+    rounds_->setMaxLength(static_cast<int>(form.txtRounds.MaxLength));
+    rounds_->setFixedWidth(40);
+    rounds_->installEventFilter(this);
+    typeLayout->addWidget(roundsLabel_, 2, 0);
+    typeLayout->addWidget(rounds_, 2, 1, Qt::AlignLeft);
+    yaku_ = new QCheckBox(QStringLiteral("Use Yaku"), frame1);
+    typeLayout->addWidget(yaku_, 3, 0, 1, 2);
+    top->addWidget(frame1, 0, 0);
+
+    auto* decoration = new QPushButton(this);  // a picture only; it has no handler
+    decoration->setIcon(QIcon(pictures.pixmap(pic::SetupDecoration, devicePixelRatioF())));
+    decoration->setIconSize(QSize(64, 96));
+    decoration->setFocusPolicy(Qt::NoFocus);
+    top->addWidget(decoration, 0, 1);
+
+    auto* frame2 = new QGroupBox(QStringLiteral("Game Options"), this);
+    auto* modeLayout = new QGridLayout(frame2);
+    const char* modes[3] = {"Single Player (you versus the computer)", "Host A Game (server side component)",
+                            "Join A Game (client side component)"};
+    for (int i = 0; i < 3; ++i) {
+        game_[i] = new QRadioButton(QString::fromLatin1(modes[i]), frame2);
+        modeLayout->addWidget(game_[i], i, 0, 1, 2);
+        connect(game_[i], &QRadioButton::clicked, this, [this, i] { forward([this, i] { form_.selectGame(i); }); });
+    }
+    hostIP_ = new QLineEdit(frame2);
+    hostIP_->setMaxLength(static_cast<int>(form.txtHostIP.MaxLength));
+    modeLayout->addWidget(new QLabel(QStringLiteral("Host IP"), frame2), 3, 0);
+    modeLayout->addWidget(hostIP_, 3, 1);
+    top->addWidget(frame2, 1, 0, 1, 2);
+
+    auto* ok = new QPushButton(QStringLiteral("OK"), this);
+    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    ok->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(ok);
+    buttons->addWidget(cancel);
+    top->addLayout(buttons, 2, 0, 1, 2);
+
+    connect(rounds_, &QLineEdit::textChanged, this, [this](const QString& t) { form_.setText(form_.txtRounds, t.toStdString()); });
+    connect(hostIP_, &QLineEdit::textChanged, this, [this](const QString& t) { form_.setText(form_.txtHostIP, t.toStdString()); });
+    connect(yaku_, &QCheckBox::toggled, this, [this](bool on) { form_.chkUseYaku = on ? 1 : 0; });
+    connect(ok, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdOK_Click(); }); });
+    connect(cancel, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdCancel_Click(); }); });
+    sync();
+    setFixedSize(sizeHint());
+}
+
+void SetupDialog::forward(const std::function<void()>& handler) {
+    host_.dispatch(handler);
+    if (form_.loaded()) sync();
+}
+
+// Brings the widgets in line with the model, and puts the focus where validation asked.
+void SetupDialog::sync() {
+    for (int i = 0; i < 2; ++i) gameType_[i]->setChecked(form_.optGameType[i]);
+    for (int i = 0; i < 3; ++i) game_[i]->setChecked(form_.optGame[i]);
+    roundsLabel_->setEnabled(form_.lblRoundsEnabled);
+    if (rounds_->text().toStdString() != form_.txtRounds.Text) rounds_->setText(QString::fromStdString(form_.txtRounds.Text));
+    if (hostIP_->text().toStdString() != form_.txtHostIP.Text) hostIP_->setText(QString::fromStdString(form_.txtHostIP.Text));
+    paintBox(rounds_, form_.txtRounds);
+    paintBox(hostIP_, form_.txtHostIP);
+    yaku_->setChecked(form_.chkUseYaku != 0);
+    QLineEdit* focus = form_.focus == FrmSetup::Field::Rounds ? rounds_ : form_.focus == FrmSetup::Field::HostIP ? hostIP_ : nullptr;
+    if (focus) {
+        focus->setFocus();
+        focus->selectAll();
+        form_.focus = FrmSetup::Field::None;
+    }
+}
+
+bool SetupDialog::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == rounds_ && event->type() == QEvent::KeyPress) {
+        auto* key = static_cast<QKeyEvent*>(event);
+        const QString text = key->text();
+        // Typed characters go through the model's filter; editing and pasting keys pass.
+        if (text.size() == 1 && text[0].unicode() >= 32 && !(key->modifiers() & Qt::ControlModifier))
+            return FrmSetup::txtRounds_KeyPress(text[0].unicode()) == 0;
+    }
+    return QDialog::eventFilter(watched, event);
+}
+
+void SetupDialog::reject() {
+    forward([this] { form_.cmdCancel_Click(); });
+}
+
+}  // namespace petal

@@ -1,0 +1,45 @@
+// The program's entry: the Qt host, the core's program, and the main window that draws it.
+#include <QApplication>
+#include <QIcon>
+
+#include "assets/PictureStore.h"
+#include "engine/table_view/TableView.h"
+#include "records/FrmHOFWinner.h"
+#include "records/HofWinnerDialog.h"
+#include "scoring/FrmScoreCard.h"
+#include "scoring/ScoreCardDialog.h"
+#include "shell/FatalError.h"
+#include "shell/FrmSetup.h"
+#include "shell/MainWindow.h"
+#include "shell/SetupDialog.h"
+#include "shell/Program.h"
+#include "shell/QtHost.h"
+
+int main(int argc, char** argv) {
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("Petalgarden"));
+    petal::QtHost host;
+    petal::PictureStore pictures;
+    QIcon icon;
+    for (int size : {16, 24, 32, 48, 64, 128, 256}) icon.addPixmap(pictures.pixmap(petal::pic::AppIcon, QSize(size, size), 1.0));
+    app.setWindowIcon(icon);
+    petal::Program program(host);
+    petal::MainWindow window(program.frmMain, host, pictures);
+    host.setMainWidget(&window);
+    host.onModelChanged = [&window] { window.sync(); };
+    host.registerDialog("frmScoreCard", [&host](petal::Form& form, QWidget* parent) {
+        return new petal::ScoreCardDialog(static_cast<petal::FrmScoreCard&>(form), host, parent);
+    });
+    host.registerDialog("frmHOFWinner", [&host, &pictures](petal::Form& form, QWidget* parent) {
+        return new petal::HofWinnerDialog(static_cast<petal::FrmHOFWinner&>(form), host, pictures, parent);
+    });
+    host.registerDialog("frmSetup", [&host, &pictures](petal::Form& form, QWidget* parent) {
+        return new petal::SetupDialog(static_cast<petal::FrmSetup&>(form), host, pictures, parent);
+    });
+    host.onMousePointer = [&window](int pointer) { window.table()->applyMousePointer(pointer); };
+    petal::runHandler(host, [&program] { program.Main(); });
+    if (host.ending()) return 0;
+    window.sync();
+    window.show();
+    return app.exec();
+}
