@@ -1,0 +1,74 @@
+#include "assets/PictureStore.h"
+
+#include <QFile>
+#include <QPainter>
+#include <QSvgRenderer>
+
+namespace petal {
+
+namespace {
+
+// The black-and-white yaku pictures. Plain luminance makes the reds and greens of the
+// faces the same flat grey; a gentle contrast curve about mid-grey keeps the ink outlines
+// and the paper apart so that the cards stay readable at thumbnail size.
+QImage greyed(const QImage& colour) {
+    QImage grey = colour.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < grey.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(grey.scanLine(y));
+        for (int x = 0; x < grey.width(); ++x) {
+            const QRgb c = line[x];
+            const double luma = 0.299 * qRed(c) + 0.587 * qGreen(c) + 0.114 * qBlue(c);
+            const int v = qBound(0, qRound((luma - 128.0) * 1.18 + 134.0), 255);
+            line[x] = qRgba(v, v, v, qAlpha(c));
+        }
+    }
+    return grey.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
+// Drawn when the artwork has no file for a picture, so that a missing picture shows plainly.
+QImage placeholder(const PictureInfo& info, QSize size) {
+    QImage image(size, QImage::Format_ARGB32_Premultiplied);
+    image.fill(QColor(90, 30, 110));
+    QPainter p(&image);
+    p.setPen(QPen(Qt::white, 1));
+    p.drawRect(image.rect().adjusted(0, 0, -1, -1));
+    p.drawText(image.rect(), Qt::AlignCenter | Qt::TextWrapAnywhere, QString::fromUtf8(info.name.data(), info.name.size()));
+    return image;
+}
+
+}  // namespace
+
+QImage PictureStore::render(PictureId id, QSize pixelSize) {
+    const PictureInfo& info = pictureInfo(id);
+    if (info.derivedFrom != NoPicture) {
+        QImage source = render(info.derivedFrom, pixelSize);
+        return info.grey ? greyed(source) : source;
+    }
+    const QString file = QStringLiteral(":/assets/svg/%1.svg").arg(QString::fromUtf8(info.name.data(), info.name.size()));
+    QSvgRenderer svg(file);
+    if (!svg.isValid()) return placeholder(info, pixelSize);
+    QImage image(pixelSize, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+    QPainter p(&image);
+    p.setRenderHint(QPainter::Antialiasing);
+    p.setRenderHint(QPainter::SmoothPixmapTransform);
+    svg.render(&p, QRectF(QPointF(0, 0), QSizeF(pixelSize)));
+    return image;
+}
+
+QPixmap PictureStore::pixmap(PictureId id, QSize logicalSize, qreal dpr) {
+    const Key key{id, logicalSize.width(), logicalSize.height(), qRound(dpr * 100)};
+    auto it = cache_.constFind(key);
+    if (it != cache_.constEnd()) return *it;
+    QPixmap pixmap = QPixmap::fromImage(render(id, (QSizeF(logicalSize) * dpr).toSize()));
+    pixmap.setDevicePixelRatio(dpr);
+    cache_.insert(key, pixmap);
+    return pixmap;
+}
+
+QPixmap PictureStore::pixmap(PictureId id, qreal dpr) {
+    const PictureInfo& info = pictureInfo(id);
+    return pixmap(id, QSize(info.width, info.height), dpr);
+}
+
+}  // namespace petal
