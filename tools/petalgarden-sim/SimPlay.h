@@ -1,0 +1,33 @@
+#pragma once
+// Plays deals headless against the computer: the local player is a policy that clicks
+// through the same handlers as a user, and every move can be traced as JSON lines.
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+
+namespace petal {
+class FrmMain;
+}
+
+namespace petal::sim {
+
+struct PlayOptions {
+    int deals = 1;
+    int tournamentRounds = 0;  // 0: single games
+    bool yaku = true;
+    bool randomPolicy = false;
+    std::uint64_t policySeed = 0;
+    std::string start = "12:00:00";
+    bool trace = false;
+};
+
+class Policy;
+
+// One move of the local player if it is on turn (a hand card and where it goes, or the place
+// of a flipped card that waits); false when the game is elsewhere.
+bool localMove(FrmMain& f, Policy& policy);
+
+// Returns the process exit code; the trace and the summary go to out, problems to err.
+int play(const PlayOptions& options, std::ostream& out, std::ostream& err);
+
+}  // namespace petal::sim
