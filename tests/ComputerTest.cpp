@@ -1,0 +1,142 @@
+// The computer's choices on hand-built tables, and its turn stepped tick by tick.
+#include "GameFixture.h"
+
+namespace petal::test {
+namespace {
+
+class Computer : public GameFixture {
+protected:
+    void SetUp() override { start(); }
+    // Starts the opposite side's turn as the end of the local player's turn does.
+    void startOppositeTurn() {
+        f->m.mTurn = 1;
+        f->m.mCompPhase = 0;
+        f->tmrComputer.setEnabled(true);
+    }
+    void tick() { host->advance(500); }
+};
+
+TEST_F(Computer, WithoutAMatchTheCheapestCardInTheHighestSlotGoes) {
+    dealWith({}, {2, 4, 10, 14, 18, 22, 26, 30}, {44, 45, 46, 47, 40, 41, 42, 39});
+    f->computer.CompSelectCard();
+    EXPECT_EQ(f->m.mCompCard, 7);
+    EXPECT_EQ(f->m.mCompDeckPos, 15);
+    EXPECT_EQ(f->ctl.imgCCard[7].Picture, pic::card(30)) << "turned face up";
+    EXPECT_EQ(f->ctl.imgCCard[7].Tag, "-1");
+    EXPECT_EQ(visibleTableFrames(), 0);
+}
+
+TEST_F(Computer, EqualCapturesGiveTheLowerSlotAndFrameTheirMatches) {
+    dealWith({}, {0, 8, 14, 18, 22, 26, 30, 34}, {2, 10, 44, 45, 46, 47, 40, 41});
+    f->computer.CompSelectCard();
+    EXPECT_EQ(f->m.mCompCard, 0);
+    EXPECT_EQ(framedSlots(), std::vector<int>{0});
+    EXPECT_EQ(f->ctl.shpTHilite[0].BorderColor, 0xFF0000u) << "framed in the colour of the side on turn";
+}
+
+TEST_F(Computer, OnlyTheSumOfBothCardsCounts) {
+    // 5 + 10 = 15 against 20 + 0 = 20.
+    dealWith({}, {12, 0, 18, 22, 26, 30, 34, 38}, {13, 2, 44, 45, 46, 47, 40, 41});
+    f->computer.CompSelectCard();
+    EXPECT_EQ(f->m.mCompCard, 1);
+}
+
+TEST_F(Computer, CapturesWorthNothingAreNoReasonToPlay) {
+    dealWith({}, {2, 4, 30, 5, 9, 17, 21, 25}, {3, 44, 45, 46, 47, 40, 41, 42});
+    f->computer.CompSelectCard();
+    EXPECT_EQ(f->m.mCompCard, 2) << "the last card of 0 points, though it has no match";
+    EXPECT_EQ(visibleTableFrames(), 0);
+}
+
+TEST_F(Computer, TheWildCardIsWorthTheBestCardOnTheTable) {
+    dealWith({}, {43, 14, 18, 22, 26, 30, 34, 38}, {2, 44, 10, 45, 46, 47, 40, 41});
+    f->computer.CompSelectCard();
+    EXPECT_EQ(f->m.mCompCard, 0);
+    EXPECT_EQ(visibleTableFrames(), 8);
+    f->m.mTurn = 1;
+    f->m.mCompPhase = 1;
+    f->computer.CompDropCard();
+    EXPECT_EQ(pileIndices(1, 0), std::vector<int>{44});
+    EXPECT_TRUE(f->ctl.panel[1].imgGagi.Visible);
+    EXPECT_EQ(tagOf(f->ctl.panel[1].imgGagi), 17);
+    EXPECT_EQ(visibleTableFrames(), 0);
+}
+
+TEST_F(Computer, APlayedSlotIsSkipped) {
+    dealWith({}, {0, 8, 14, 18, 22, 26, 30, 34}, {2, 10, 44, 45, 46, 47, 40, 41});
+    f->ctl.imgCCard[0].clearCard();
+    f->computer.CompSelectCard();
+    EXPECT_EQ(f->m.mCompCard, 1);
+}
+
+TEST_F(Computer, TheDropTakesTheMostValuableMatch) {
+    dealWith({}, {9, 14, 18, 22, 26, 30, 34, 38}, {10, 8, 11, 44, 45, 46, 47, 40});
+    f->m.mTurn = 1;
+    f->computer.CompSelectCard();
+    f->m.mCompPhase = 1;
+    f->computer.CompDropCard();
+    EXPECT_EQ(pileIndices(1, 0), std::vector<int>{8});
+    EXPECT_TRUE(f->ctl.imgTCard[0].hasPicture());
+    EXPECT_FALSE(f->ctl.imgCCard[0].hasPicture());
+    EXPECT_TRUE(f->ctl.imgCCard[0].Visible) << "a capture leaves the hand place visible";
+}
+
+TEST_F(Computer, OfEqualMatchesTheDropTakesTheLowerSlot) {
+    dealWith({}, {0, 14, 18, 22, 26, 30, 34, 38}, {44, 2, 3, 45, 46, 47, 40, 41});
+    f->m.mTurn = 1;
+    f->computer.CompSelectCard();
+    f->m.mCompPhase = 1;
+    f->computer.CompDropCard();
+    EXPECT_FALSE(f->ctl.imgTCard[1].hasPicture());
+    EXPECT_TRUE(f->ctl.imgTCard[2].hasPicture());
+}
+
+TEST_F(Computer, ATurnTakesFourTicksAndHandsBackToThePlayer) {
+    dealWith({}, {44, 14, 18, 22, 26, 30, 34, 38}, {45, 0, 1, 2, 3, 4, 5, 6}, {7});
+    startOppositeTurn();
+    tick();  // select: the card stands face up with its match framed
+    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerHourglass);
+    EXPECT_TRUE(f->ctl.panel[1].imgTurn.Visible);
+    EXPECT_EQ(f->ctl.imgCCard[0].Picture, pic::card(44));
+    EXPECT_EQ(framedSlots(), std::vector<int>{0});
+    tick();  // drop: the phoenix takes the other paulownia
+    EXPECT_EQ(pileIndices(1, 0), std::vector<int>{44});
+    tick();  // flip: the plum chaff finds the plum on the table and waits
+    EXPECT_TRUE(f->ctl.imgFlipCard.hasPicture());
+    EXPECT_EQ(f->ctl.shpFlipCard.BorderColor, 0x0000FFu) << "red for the opposite side";
+    tick();  // drop the flipped card; the turn ends
+    EXPECT_FALSE(f->ctl.imgFlipCard.hasPicture());
+    EXPECT_EQ(f->m.mTurn, 0);
+    EXPECT_EQ(f->m.mCompPlays, 1);
+    EXPECT_FALSE(f->tmrComputer.Enabled());
+    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerDefault);
+    EXPECT_TRUE(f->ctl.panel[0].imgTurn.Visible);
+    EXPECT_FALSE(f->ctl.panel[1].imgTurn.Visible);
+}
+
+TEST_F(Computer, AFlipWithoutAMatchEndsTheTurnAtTheNextTick) {
+    dealWith({}, {44, 14, 18, 22, 26, 30, 34, 38}, {45, 0, 1, 2, 3, 4, 5, 6}, {39});
+    startOppositeTurn();
+    tick();
+    tick();
+    tick();  // the flip lies down after its own half second, inside this tick
+    EXPECT_EQ(f->m.mTurn, 1);
+    tick();
+    EXPECT_EQ(f->m.mTurn, 0);
+    EXPECT_EQ(f->m.mCompPhase, 4);
+}
+
+TEST_F(Computer, AnEighthTurnWithThePlayerBehindHandsTheTurnBack) {
+    dealWith({}, {}, {});
+    f->m.mCompPlays = 8;
+    f->m.mPlayerPlays = 7;
+    startOppositeTurn();
+    tick();
+    EXPECT_FALSE(f->tmrComputer.Enabled());
+    EXPECT_EQ(f->m.mTurn, 0);
+    EXPECT_TRUE(f->ctl.panel[0].imgTurn.Visible);
+    EXPECT_EQ(program->g.gGameInProgress, 1) << "no end of the deal from this tick";
+}
+
+}  // namespace
+}  // namespace petal::test

@@ -1,0 +1,92 @@
+#include "GameFixture.h"
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "cards/FrmCards.h"
+#include "cards/Val.h"
+
+namespace petal::test {
+
+TempDir::TempDir() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "petal-test-XXXXXX").string();
+    if (!::mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
+    path_ = pattern;
+}
+
+TempDir::~TempDir() {
+    std::error_code ec;
+    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, std::filesystem::perm_options::add, ec);
+    std::filesystem::remove_all(path_, ec);
+}
+
+GameFixture::GameFixture() : host(std::make_unique<SimHost>(dir.path())) {}
+
+void GameFixture::start() {
+    program = std::make_unique<Program>(*host);
+    f = &program->frmMain;
+    program->Main();
+}
+
+void GameFixture::dealWith(std::initializer_list<int> hand, std::initializer_list<int> opposite,
+                           std::initializer_list<int> table, std::initializer_list<int> deck) {
+    const std::vector<int> zones[4] = {hand, opposite, table, deck};
+    const std::size_t sizes[4] = {8, 8, 8, 24};
+    std::vector<bool> used(48, false);
+    for (const auto& zone : zones)
+        for (int c : zone) used.at(c) = true;
+    // Places that the lists leave open take the unused cards in catalogue order.
+    int next = 0;
+    std::vector<int> order;
+    for (int z = 0; z < 4; ++z) {
+        for (std::size_t i = 0; i < sizes[z]; ++i) {
+            if (i < zones[z].size()) {
+                order.push_back(zones[z][i]);
+                continue;
+            }
+            while (used.at(next)) ++next;
+            used[next] = true;
+            order.push_back(next);
+        }
+    }
+    f->dealer.DealCards();
+    MainVars& m = f->m;
+    for (int p = 0; p < 48; ++p) {
+        m.mCards[p] = FrmCards::card(order[p] + 1);
+        m.mDeck[p] = order[p] + 1;
+    }
+    const int h = f->g.gPlayMode == 2 ? 8 : 0;
+    for (int i = 0; i < 8; ++i) {
+        f->ctl.imgPCard[i].Picture = m.mCards[h + i].Picture;
+        f->ctl.imgPCard[i].ToolTipText = cardToolTip(m.mCards[h + i]);
+        f->ctl.imgTCard[i].Picture = m.mCards[16 + i].Picture;
+        f->ctl.imgTCard[i].ToolTipText = cardToolTip(m.mCards[16 + i]);
+    }
+}
+
+bool GameFixture::runOpponent(std::int64_t limitMs) {
+    return host->runUntil([this] { return !f->tmrComputer.Enabled() || f->g.gGameInProgress == 0; }, limitMs);
+}
+
+int GameFixture::tagOf(const Image& image) const { return static_cast<int>(Val(image.Tag)); }
+
+int GameFixture::visibleTableFrames() const {
+    return static_cast<int>(std::count_if(f->ctl.shpTHilite.begin(), f->ctl.shpTHilite.end(),
+                                          [](const Shape& s) { return s.Visible; }));
+}
+
+std::vector<int> GameFixture::framedSlots() const {
+    std::vector<int> slots;
+    for (std::size_t i = 0; i < f->ctl.shpTHilite.size(); ++i)
+        if (f->ctl.shpTHilite[i].Visible) slots.push_back(static_cast<int>(i));
+    return slots;
+}
+
+std::vector<int> GameFixture::pileIndices(int side, int row) const {
+    std::vector<int> indices;
+    for (const Image& card : f->ctl.panel[side].piles[row])
+        if (card.hasPicture()) indices.push_back(card.Picture);
+    return indices;
+}
+
+}  // namespace petal::test

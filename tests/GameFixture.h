@@ -1,0 +1,56 @@
+#pragma once
+// A program on the simulated host in a temporary folder, with helpers to lay out hand-built
+// deals and to drive the game through its handlers as a user's clicks would.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <filesystem>
+#include <initializer_list>
+#include <memory>
+#include <vector>
+
+#include "cards/FrmCards.h"
+#include "shell/FatalError.h"
+#include "shell/Form.h"
+#include "shell/Program.h"
+#include "shell/SimHost.h"
+
+namespace petal::test {
+
+// A fresh folder under the system's temporary folder, removed afterwards.
+class TempDir {
+public:
+    TempDir();
+    ~TempDir();
+    const std::filesystem::path& path() const { return path_; }
+
+private:
+    std::filesystem::path path_;
+};
+
+class GameFixture : public ::testing::Test {
+protected:
+    GameFixture();
+
+    // Starts the program: the Hall of Fame, then the main form's load.
+    void start();
+    // Deals with the given catalogue indices at positions 0.. (the rest follow in catalogue
+    // order): the local hand, the opposite hand, the table, then the deck.
+    void dealWith(std::initializer_list<int> hand, std::initializer_list<int> opposite,
+                  std::initializer_list<int> table, std::initializer_list<int> deck = {});
+    // Runs the simulated clock until the local player may act again or the deal has ended.
+    bool runOpponent(std::int64_t limitMs = 60'000);
+
+    int tagOf(const Image& image) const;
+    int visibleTableFrames() const;
+    std::vector<int> framedSlots() const;
+    // Catalogue indices of the cards in one pile row of a side.
+    std::vector<int> pileIndices(int side, int row) const;
+
+    TempDir dir;
+    std::unique_ptr<SimHost> host;
+    std::unique_ptr<Program> program;
+    FrmMain* f = nullptr;
+};
+
+}  // namespace petal::test

@@ -1,0 +1,157 @@
+// The local player's hand: matching by month, the wild card, selection, captures and drops,
+// and where a card laid down goes on the table.
+#include "GameFixture.h"
+
+namespace petal::test {
+namespace {
+
+// Catalogue indices used below.
+constexpr int kPineCrane = 0, kPineRibbon = 1, kPineChaffA = 2, kPineChaffB = 3;
+constexpr int kPlumWarbler = 4, kCherryCurtain = 8, kWillowPoet = 40, kWillowWild = 43;
+constexpr int kPaulowniaPhoenix = 44, kPaulowniaChaff = 46;
+
+class HandPlay : public GameFixture {
+protected:
+    void SetUp() override { start(); }
+};
+
+TEST_F(HandPlay, SelectingFramesTheMatchesOfTheSameMonth) {
+    dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain, kPineRibbon});
+    f->play.imgPCard_Click(0);
+    EXPECT_TRUE(f->ctl.shpPHilite.Visible);
+    EXPECT_EQ(f->ctl.shpPHilite.Tag, "0");
+    EXPECT_EQ(f->ctl.shpPHilite.BorderColor, 0xFF0000u);  // the local player's blue
+    EXPECT_EQ(framedSlots(), (std::vector<int>{0, 2}));
+    EXPECT_EQ(f->play.RelativeCheck(0, false), 2) << "the ribbon is worth more than the chaff";
+}
+
+TEST_F(HandPlay, TheWildCardMatchesEveryCardAndOnlyWillowTakesItFromTheTable) {
+    dealWith({kWillowWild, kWillowPoet, kPineCrane}, {}, {kPineChaffA, kPaulowniaPhoenix, kPlumWarbler});
+    f->play.imgPCard_Click(0);
+    EXPECT_EQ(framedSlots(), (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7})) << "every occupied slot";
+    EXPECT_EQ(f->play.RelativeCheck(0, false), 1) << "the phoenix is the most valuable";
+    f->play.imgTable_Click();  // refused while anything lies on the table
+    EXPECT_TRUE(f->ctl.imgPCard[0].hasPicture());
+
+    // Once on the table the wild card is plain willow.
+    ASSERT_EQ(f->play.AddCardToTable(0), 8);
+    EXPECT_EQ(f->play.RelativeCheck(1, false), 8);
+    EXPECT_EQ(f->play.RelativeCheck(2, false), 0) << "pine takes the pine, not the wild card";
+}
+
+TEST_F(HandPlay, OnAnEmptyTableTheWildCardIsLaidDown) {
+    dealWith({kWillowWild}, {}, {});
+    for (Image& slot : f->ctl.imgTCard) slot.clearCard();
+    f->play.imgPCard_Click(0);
+    f->play.imgTable_Click();
+    EXPECT_FALSE(f->ctl.imgPCard[0].Visible);
+    EXPECT_EQ(tagOf(f->ctl.imgTCard[0]), 0);
+}
+
+TEST_F(HandPlay, EqualMatchesGiveTheLowerSlot) {
+    dealWith({kPineCrane}, {}, {kPlumWarbler, kPineChaffB, kPineChaffA});
+    EXPECT_EQ(f->play.RelativeCheck(0, false), 1);
+}
+
+TEST_F(HandPlay, ClickingTheSelectedCardAgainClearsEveryFrame) {
+    dealWith({kPineCrane}, {}, {kPineChaffA});
+    f->play.imgPCard_Click(0);
+    f->play.imgPCard_Click(0);
+    EXPECT_FALSE(f->ctl.shpPHilite.Visible);
+    EXPECT_EQ(f->ctl.shpPHilite.Tag, "-1");
+    EXPECT_EQ(visibleTableFrames(), 0);
+}
+
+TEST_F(HandPlay, SelectingAnotherCardMovesTheFramesToItsMatches) {
+    dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, 6});
+    f->play.imgPCard_Click(0);
+    f->play.imgPCard_Click(1);
+    EXPECT_EQ(f->ctl.shpPHilite.Tag, "1");
+    EXPECT_EQ(f->ctl.shpPHilite.Left, f->ctl.imgPCard[1].Left + 30);
+    EXPECT_EQ(framedSlots(), (std::vector<int>{1}));
+}
+
+TEST_F(HandPlay, AClickOnAnEmptyHandPlaceDeselectsTheTable) {
+    dealWith({kPineCrane}, {}, {kPineChaffA});
+    f->ctl.imgPCard[3].clearCard();
+    f->play.imgPCard_Click(0);
+    f->play.imgPCard_Click(3);
+    EXPECT_FALSE(f->ctl.shpPHilite.Visible);
+    EXPECT_EQ(visibleTableFrames(), 0);
+}
+
+TEST_F(HandPlay, NoClickWhileTheHourglassShowsOrAFlippedCardWaits) {
+    dealWith({kPineCrane}, {}, {kPineChaffA});
+    f->setMousePointer(FrmMain::kPointerHourglass);
+    f->play.imgPCard_Click(0);
+    EXPECT_FALSE(f->ctl.shpPHilite.Visible);
+    f->setMousePointer(FrmMain::kPointerDefault);
+    f->ctl.shpFlipCard.Visible = true;
+    f->play.imgPCard_Click(0);
+    EXPECT_FALSE(f->ctl.shpPHilite.Visible);
+}
+
+TEST_F(HandPlay, ACaptureSendsBothCardsAndEmptiesTheSlots) {
+    // The deck's first card has no match, so the flip lies down by itself.
+    dealWith({kPineCrane}, {}, {kPineChaffA, kPlumWarbler}, {kPaulowniaChaff});
+    f->play.imgPCard_Click(0);
+    f->play.imgTCard_Click(0);
+    EXPECT_EQ(pileIndices(0, 0), std::vector<int>{kPineCrane});
+    EXPECT_EQ(pileIndices(0, 3), std::vector<int>{kPineChaffA});
+    EXPECT_FALSE(f->ctl.imgPCard[0].hasPicture());
+    EXPECT_TRUE(f->ctl.imgPCard[0].Visible) << "a capture leaves the hand place visible";
+    EXPECT_EQ(f->ctl.imgPCard[0].Tag, "-1");
+    EXPECT_EQ(visibleTableFrames(), 0);
+    // The flip (no match) has been laid into the slot the capture freed.
+    EXPECT_EQ(tagOf(f->ctl.imgTCard[0]), 24);
+    EXPECT_EQ(f->m.mTurn, 1);
+    EXPECT_TRUE(f->tmrComputer.Enabled());
+}
+
+TEST_F(HandPlay, ADropIsRefusedWhileAMatchExistsAndShowsWhy) {
+    dealWith({kPineCrane}, {}, {kPlumWarbler, kPineChaffA});
+    f->play.imgPCard_Click(0);
+    f->play.imgTCard_Click(0);  // a non-matching card: no drop, a match exists
+    EXPECT_TRUE(f->ctl.imgPCard[0].hasPicture());
+    f->play.imgTable_Click();
+    EXPECT_TRUE(f->ctl.imgPCard[0].hasPicture());
+    EXPECT_EQ(framedSlots(), std::vector<int>{1});
+}
+
+TEST_F(HandPlay, AClickOnANonMatchingTableCardDropsACardWithoutMatches) {
+    dealWith({kPaulowniaChaff}, {}, {kPlumWarbler}, {kPineChaffA});
+    f->play.imgPCard_Click(0);
+    f->play.imgTCard_Click(0);
+    EXPECT_FALSE(f->ctl.imgPCard[0].Visible) << "a drop hides the hand place";
+    EXPECT_EQ(f->ctl.imgTCard.size(), 10u) << "the drop and the flip grew the table";
+    EXPECT_EQ(tagOf(f->ctl.imgTCard[8]), 0);
+    EXPECT_EQ(tagOf(f->ctl.imgTCard[9]), 24);
+}
+
+TEST_F(HandPlay, TheTableGrowsByColumnsOnlyWhenNoSlotIsFree) {
+    dealWith({}, {}, {});
+    TableModel& c = f->ctl;
+    EXPECT_EQ(f->play.AddCardToTable(30), 8);
+    EXPECT_EQ(f->play.AddCardToTable(31), 9);
+    EXPECT_EQ(c.imgTCard[8].Left, 3330);
+    EXPECT_EQ(c.imgTCard[8].Top, c.imgTCard[0].Top);
+    EXPECT_EQ(c.imgTCard[9].Left, 3330);
+    EXPECT_EQ(c.imgTCard[9].Top, c.imgTCard[2].Top);
+    EXPECT_EQ(c.shpTHilite[9].Left, 3360);
+    EXPECT_FALSE(c.shpTHilite[9].Visible);
+    c.imgTCard[3].clearCard();
+    EXPECT_EQ(f->play.AddCardToTable(32), 3) << "a freed slot is used before the table grows";
+    for (int p = 33; p < 39; ++p) f->play.AddCardToTable(p);
+    EXPECT_EQ(c.imgTCard[15].Left, 210 + 780 * 7) << "slots 14 and 15 reach the deck's column";
+}
+
+TEST_F(HandPlay, NoTableClickCountsDuringTheOppositeTurn) {
+    dealWith({kPineCrane}, {}, {kPineChaffA});
+    f->play.imgPCard_Click(0);
+    f->m.mTurn = 1;
+    f->play.imgTCard_Click(0);
+    EXPECT_TRUE(f->ctl.imgTCard[0].hasPicture());
+}
+
+}  // namespace
+}  // namespace petal::test

@@ -1,0 +1,197 @@
+// The end of a deal: the wild card's claim, the banners and Hall of Fame offers, the next
+// starter, and whole deals and tournaments played to their end on the simulated host.
+#include "GameFixture.h"
+#include "records/FrmHOFWinner.h"
+#include "scoring/FrmScoreCard.h"
+
+namespace petal::test {
+namespace {
+
+class MatchEnd : public GameFixture {
+protected:
+    void SetUp() override { start(); }
+
+    // One move of the local player by the lowest slots; false when it is not on turn.
+    bool playLocalMove() {
+        if (f->m.mTurn != 0 || f->tmrComputer.Enabled() || program->g.gGameInProgress != 1) return false;
+        if (f->ctl.shpFlipCard.Visible) {
+            f->play.imgTCard_Click(framedSlots().front());
+            return true;
+        }
+        if (f->MousePointer() == FrmMain::kPointerHourglass || f->m.mPlayerFlipped != 0) return false;
+        for (int i = 0; i < 8; ++i) {
+            if (!f->ctl.imgPCard[i].hasPicture()) continue;
+            f->play.imgPCard_Click(i);
+            const auto framed = framedSlots();
+            if (framed.empty())
+                f->play.imgTable_Click();
+            else
+                f->play.imgTCard_Click(framed.front());
+            return true;
+        }
+        return false;
+    }
+    // Plays until `deals` deals have ended or the program ends.
+    void playDeals(int deals) {
+        while (!host->ending() && ended < deals) {
+            if (!playLocalMove()) {
+                ASSERT_TRUE(host->step()) << "nothing left to run";
+            }
+        }
+    }
+    void restart() {
+        program.reset();
+        host = std::make_unique<SimHost>(dir.path());
+        start();
+    }
+    struct Counter : GameEvents {
+        int* ended;
+        explicit Counter(int* e) : ended(e) {}
+        void dealEnded() override { ++*ended; }
+    };
+    int ended = 0;
+    Counter counter{&ended};
+};
+
+TEST_F(MatchEnd, TheWildCardsOwnerSweepsItsMonthAndTheWillowFromTheTable) {
+    // The local player's wild card took the cherry curtain (position 0) earlier.
+    dealWith({8}, {}, {9, 41, 44, 10, 0, 42});
+    f->ctl.imgTCard[6].clearCard();
+    f->ctl.imgTCard[7].clearCard();
+    f->ctl.panel[0].imgGagi.Visible = true;
+    f->ctl.panel[0].imgGagi.Tag = "0";
+    struct Claims : GameEvents {
+        std::vector<std::pair<int, int>> seen;
+        void claimed(int side, int, int slot) override { seen.push_back({side, slot}); }
+    } claims;
+    f->events = &claims;
+    f->m.mTurn = 1;  // the opposite side moved last
+    host->onForm = [](Form& form) { form.Unload(); };
+    host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
+    f->EndMatch();
+    EXPECT_EQ(claims.seen, (std::vector<std::pair<int, int>>{{0, 0}, {0, 1}, {0, 3}, {0, 5}}));
+    EXPECT_TRUE(f->ctl.imgTCard[2].hasPicture()) << "the paulownia stays and scores for nobody";
+    EXPECT_TRUE(f->ctl.imgTCard[4].hasPicture());
+    EXPECT_EQ(f->ctl.panel[0].lblPointsTotal[3].Caption, "25");
+    EXPECT_EQ(f->m.mYakuCards[0][6], 1) << "the claimed cherry ribbon counts for its yaku";
+}
+
+TEST_F(MatchEnd, TheNextStarterComparesTheTenPointRowsAsText) {
+    struct Case {
+        const char* mine;
+        const char* theirs;
+        int turn;
+    };
+    const Case cases[] = {{"40", "100", 0}, {"100", "40", 1}, {"", "10", 1}, {"20", "20", 1}, {"30", "", 0}};
+    for (const Case& c : cases) {
+        restart();
+        dealWith({}, {}, {});
+        f->ctl.panel[0].lblPointsTotal[1].Caption = c.mine;
+        f->ctl.panel[1].lblPointsTotal[1].Caption = c.theirs;
+        host->onForm = [](Form& form) { form.Unload(); };
+        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
+        f->EndMatch();
+        EXPECT_EQ(f->m.mTurn, c.turn) << c.mine << " against " << c.theirs;
+        EXPECT_TRUE(host->ending());
+    }
+}
+
+TEST_F(MatchEnd, AWonOrTiedSingleGameOffersTheHallOfFameAndALostOneDoesNot) {
+    struct Case {
+        const char* mine;
+        const char* theirs;
+        bool offered;
+        int banner0, banner1;
+    };
+    const Case cases[] = {{"60", "50", true, 0, 1}, {"", "", true, 2, 2}, {"40", "45", false, 1, 0}};
+    for (const Case& c : cases) {
+        dealWith({}, {}, {});
+        f->ctl.panel[0].lblPointsTotal[3].Caption = c.mine;
+        f->ctl.panel[1].lblPointsTotal[3].Caption = c.theirs;
+        bool offered = false;
+        host->onForm = [&](Form& form) {
+            auto* winner = dynamic_cast<FrmHOFWinner*>(&form);
+            ASSERT_NE(winner, nullptr);
+            offered = true;
+            EXPECT_EQ(winner->Caption, "Single Game High Score");
+            winner->setTxtHOFName("Ayame");
+            winner->cmdOK_Click();
+        };
+        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::Yes);
+        f->EndMatch();
+        EXPECT_EQ(offered, c.offered) << c.mine << " against " << c.theirs;
+        EXPECT_EQ(program->g.gHighScoreName, "Ayame");
+        EXPECT_EQ(program->g.gGameInProgress, 1) << "Yes deals again";
+        EXPECT_EQ(f->m.mTurn, 0) << "a single player always leads";
+    }
+    EXPECT_NE(program->hof.GetHallOfFame(0).find("Ayame,11/22/2026,60,0,N/A,N/A,N/A"), std::string::npos);
+}
+
+TEST_F(MatchEnd, AWholeDealRunsTickByTickWithEitherSideLeading) {
+    f->events = &counter;
+    for (int lead : {0, 1}) {
+        f->settings.WriteSettings(1, 2, -1, 0);  // a tournament keeps who leads
+        f->m.mTurn = lead;
+        ended = 0;
+        int cardsInPlay = 0, deckPos = 0;
+        host->onForm = [&](Form& form) {
+            // The score card of the round: everything dealt to the table or played lies in a
+            // pile or on the table.
+            deckPos = f->m.mDeckPos;
+            cardsInPlay = 0;
+            for (const ScorePanel& p : f->ctl.panel)
+                for (const auto& row : p.piles)
+                    for (const Image& card : row) cardsInPlay += card.hasPicture() ? 1 : 0;
+            for (const Image& slot : f->ctl.imgTCard) cardsInPlay += slot.hasPicture() ? 1 : 0;
+            form.Unload();
+        };
+        f->dealer.imgDeck_Click();
+        EXPECT_EQ(f->tmrComputer.Enabled(), lead == 1);
+        const auto begun = host->now();
+        playDeals(1);
+        EXPECT_EQ(ended, 1);
+        EXPECT_EQ(deckPos, 39);
+        EXPECT_EQ(cardsInPlay, 40);
+        EXPECT_GE(host->now() - begun, 8 * 2000) << "eight opposite turns of four ticks";
+        host->expectMsgBox("Do you want to quit the game in progress?", "Game In Progress", MsgResult::Yes);
+        f->dealer.imgDeck_Click();
+    }
+}
+
+TEST_F(MatchEnd, ATournamentOfThreeRoundsRunsToItsEndWithTheScoreCard) {
+    f->events = &counter;
+    f->settings.WriteSettings(1, 3, -1, 0);
+    std::vector<std::vector<std::string>> lastCard;
+    int cardsShown = 0;
+    host->onForm = [&](Form& form) {
+        if (auto* card = dynamic_cast<FrmScoreCard*>(&form)) {
+            ++cardsShown;
+            lastCard.clear();
+            for (const auto& row : card->grid) lastCard.push_back({row[0].text, row[1].text, row[2].text});
+            EXPECT_EQ(card->grid.size(), 5u);
+            card->cmdOK_Click();
+        } else {
+            form.Unload();
+        }
+    };
+    host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
+    f->dealer.imgDeck_Click();
+    playDeals(3);
+    EXPECT_EQ(cardsShown, 3);
+    EXPECT_TRUE(host->ending()) << "No at the end of the tournament closes the program";
+    const auto& scores = program->g.gRoundScores;
+    ASSERT_EQ(lastCard.size(), 5u);
+    EXPECT_EQ(lastCard[0], (std::vector<std::string>{"Round", "Player", "Computer"}));
+    for (int r = 1; r <= 3; ++r) {
+        EXPECT_EQ(lastCard[r][0], std::to_string(r));
+        EXPECT_EQ(lastCard[r][1], std::to_string(scores[0][r]));
+        EXPECT_EQ(lastCard[r][2], std::to_string(scores[1][r]));
+    }
+    EXPECT_EQ(lastCard[4][1], std::to_string(scores[0][1] + scores[0][2] + scores[0][3]));
+    EXPECT_EQ(lastCard[4][0], scores[0][3] == 0 ? "Total" : "Final");
+    EXPECT_EQ(program->g.gGameInProgress, 0);
+    EXPECT_EQ(f->m.mRoundNo, 0);
+}
+
+}  // namespace
+}  // namespace petal::test

@@ -1,0 +1,98 @@
+// Capture piles: rows by value, their layout, the counters and labels, the wild card's marker,
+// and the totals with and without yaku.
+#include "GameFixture.h"
+
+namespace petal::test {
+namespace {
+
+class Piles : public GameFixture {
+protected:
+    void SetUp() override {
+        start();
+        dealWith({}, {}, {});
+    }
+    // Positions of the cards of one value in the dealt order.
+    std::vector<int> positionsWorth(int points) const {
+        std::vector<int> out;
+        for (int p = 0; p < 48; ++p)
+            if (f->m.mCards[p].Points == points) out.push_back(p);
+        return out;
+    }
+};
+
+TEST_F(Piles, AValuedRowLaysSevenSideBySideThenASecondLayer) {
+    const auto tens = positionsWorth(10);
+    for (int k = 0; k < 8; ++k) f->piles.SendToPlayerPoints(tens[k], false, 1);
+    const auto& row = f->ctl.panel[0].piles[1];
+    ASSERT_EQ(row.size(), 8u);
+    EXPECT_EQ(row[6].Left, 810 + 6 * 540);
+    EXPECT_EQ(row[7].Left, 810 + 262);
+    EXPECT_EQ(row[7].Top, 1080);
+    EXPECT_GT(row[7].ZOrder, row[6].ZOrder) << "the second layer stands in front";
+    EXPECT_EQ(f->ctl.panel[0].lblPoints[1].Caption, "10 x 8");
+    EXPECT_EQ(f->ctl.panel[0].lblPointsTotal[1].Caption, "80");
+    EXPECT_EQ(row[0].ToolTipText, cardToolTip(f->m.mCards[tens[0]]));
+}
+
+TEST_F(Piles, TheChaffRowFansAndWrapsAfterFifteen) {
+    const auto chaff = positionsWorth(0);
+    for (int k = 0; k < 16; ++k) f->piles.SendToCompPoints(chaff[k], false, 1);
+    const auto& row = f->ctl.panel[1].piles[3];
+    EXPECT_EQ(row[14].Left, 810 + 14 * 262);
+    EXPECT_EQ(row[14].Top, 2910);
+    EXPECT_EQ(row[15].Left, 810);
+    EXPECT_EQ(row[15].Top, 2910 + 420);
+    EXPECT_TRUE(f->ctl.panel[1].lblPoints[3].Caption.empty()) << "nothing counts the chaff";
+}
+
+TEST_F(Piles, TheCountersFollowTheTurnAndTheTotalAddsFiftyPerGroup) {
+    const auto twenties = positionsWorth(20);
+    f->m.mTurn = 1;
+    f->piles.SendToCompPoints(twenties[0], false, 0);
+    f->piles.SendToCompPoints(positionsWorth(5)[0], false, 1);
+    f->piles.CalcPlayerPoints();
+    EXPECT_EQ(f->ctl.panel[1].lblPoints[3].Caption, "Total");
+    EXPECT_EQ(f->ctl.panel[1].lblPointsTotal[3].Caption, "25");
+    f->m.mYakuCards[1][4] = 3;
+    f->piles.CalcPlayerPoints();
+    EXPECT_EQ(f->ctl.panel[1].lblPointsTotal[3].Caption, "75");
+    program->g.gUseYaku = false;
+    f->piles.CalcPlayerPoints();
+    EXPECT_EQ(f->ctl.panel[1].lblPointsTotal[3].Caption, "25");
+    EXPECT_TRUE(f->ctl.panel[0].lblPointsTotal[3].Caption.empty());
+}
+
+TEST_F(Piles, ASideWithNothingOfValueShowsNoTotal) {
+    f->piles.SendToPlayerPoints(positionsWorth(0)[0], false, 0);
+    f->piles.CalcPlayerPoints();
+    EXPECT_TRUE(f->ctl.panel[0].lblPoints[3].Caption.empty());
+    EXPECT_TRUE(f->ctl.panel[0].lblPointsTotal[3].Caption.empty());
+}
+
+TEST_F(Piles, TheWildCardsCatchIsMarkedButNotTheWildCardItself) {
+    const int twenty = positionsWorth(20)[0], chaff = positionsWorth(0)[0];
+    f->piles.SendToPlayerPoints(chaff, false, 0);
+    f->piles.SendToPlayerPoints(twenty, true, 0);
+    const Image& marker = f->ctl.panel[0].imgGagi;
+    EXPECT_TRUE(marker.Visible);
+    EXPECT_EQ(marker.Tag, std::to_string(twenty));
+    EXPECT_EQ(marker.Top, 210);
+    EXPECT_EQ(marker.Left, 810);
+    f->piles.SendToPlayerPoints(positionsWorth(0)[1], true, 1);
+    EXPECT_EQ(marker.Tag, std::to_string(twenty));
+}
+
+TEST_F(Piles, NewGameEmptiesEveryRowAndLabel) {
+    for (int p : positionsWorth(5)) f->piles.SendToPlayerPoints(p, false, 1);
+    f->piles.CalcPlayerPoints();
+    f->dealer.NewGame(false);
+    for (const auto& row : f->ctl.panel[0].piles) {
+        EXPECT_EQ(row.size(), 1u);
+        EXPECT_FALSE(row[0].hasPicture());
+    }
+    EXPECT_TRUE(f->ctl.panel[0].lblPointsTotal[3].Caption.empty());
+    EXPECT_EQ(f->m.mPoints[0][0][2], 0);
+}
+
+}  // namespace
+}  // namespace petal::test

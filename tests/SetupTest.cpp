@@ -1,0 +1,178 @@
+// The setup dialog driven as a user would: option buttons, the rounds and host boxes, the two
+// validation messages, Cancel, and the reset of a running game.
+#include <fstream>
+#include <sstream>
+
+#include "GameFixture.h"
+#include "shell/FrmSetup.h"
+
+namespace petal::test {
+namespace {
+
+class Setup : public GameFixture {
+protected:
+    void SetUp() override { start(); }
+    // Opens the dialog from the menu; `script` acts on it as the user.
+    void openSetup(const std::function<void(FrmSetup&)>& script) {
+        host->onForm = [&](Form& form) { script(dynamic_cast<FrmSetup&>(form)); };
+        f->mnuSetup_Click();
+    }
+    std::string settingsFile() const {
+        std::ifstream in(dir.path() / "GARDENIA.ini", std::ios::binary);
+        std::ostringstream s;
+        s << in.rdbuf();
+        return s.str();
+    }
+};
+
+TEST_F(Setup, TheDialogOpensFromTheGlobalsWithItsBuiltState) {
+    openSetup([](FrmSetup& d) {
+        EXPECT_EQ(d.optGameType, (std::array<bool, 2>{true, false}));
+        EXPECT_FALSE(d.txtRounds.Enabled);
+        EXPECT_EQ(d.txtRounds.BackColor, FrmSetup::kButtonFace);
+        EXPECT_EQ(d.txtRounds.Text, "10");
+        EXPECT_EQ(d.chkUseYaku, 1);
+        EXPECT_FALSE(d.txtHostIP.Enabled);
+        d.cmdCancel_Click();
+    });
+    EXPECT_TRUE(program->g.gSetupCancelled);
+}
+
+TEST_F(Setup, TournamentRoundsMustLieFromTwoToTwenty) {
+    struct Case {
+        const char* rounds;
+        bool accepted;
+    };
+    for (const Case& c : {Case{"1", false}, Case{"2", true}, Case{"20", true}, Case{"21", false}, Case{"", false}}) {
+        openSetup([&](FrmSetup& d) {
+            d.selectGameType(1);
+            EXPECT_TRUE(d.txtRounds.Enabled);
+            EXPECT_EQ(d.txtRounds.BackColor, FrmSetup::kWhite);
+            d.setText(d.txtRounds, c.rounds);
+            if (!c.accepted)
+                host->expectMsgBox("Rounds cannot be less than 2 or greater than 20.", "Invalid Rounds Value", MsgResult::OK);
+            d.cmdOK_Click();
+            EXPECT_EQ(d.loaded(), !c.accepted) << c.rounds;
+            if (!c.accepted) {
+                EXPECT_EQ(d.focus, FrmSetup::Field::Rounds);
+                d.cmdCancel_Click();
+            }
+        });
+        EXPECT_EQ(host->pendingAnswers(), 0u);
+        if (c.accepted) {
+            EXPECT_EQ(settingsFile(), "1\r\n" + std::string(c.rounds) + "\r\n-1\r\n0\r\n");
+        }
+    }
+    EXPECT_TRUE(f->menu.mnuVScore.Enabled) << "a tournament was stored";
+}
+
+TEST_F(Setup, JoiningATournamentNeedsAHostAddressButASingleGameDoesNot) {
+    for (const char* address : {"", "   "}) {
+        openSetup([&](FrmSetup& d) {
+            d.selectGameType(1);
+            d.setText(d.txtRounds, "5");
+            d.selectGame(2);
+            d.setText(d.txtHostIP, address);
+            host->expectMsgBox("Host IP field cannot be left blank.", "Required Field", MsgResult::OK);
+            d.cmdOK_Click();
+            EXPECT_EQ(d.focus, FrmSetup::Field::HostIP);
+            d.cmdCancel_Click();
+        });
+    }
+    openSetup([](FrmSetup& d) {
+        d.selectGame(2);
+        d.cmdOK_Click();
+        EXPECT_FALSE(d.loaded());
+    });
+    EXPECT_EQ(program->g.gPlayMode, 2);
+    EXPECT_EQ(program->g.gHostIP, "");
+    EXPECT_EQ(f->Caption, "Petalgarden (Client)");
+    EXPECT_TRUE(f->tmrWinsockState.Enabled());
+}
+
+TEST_F(Setup, BothFailingShowsOnlyTheRoundsMessage) {
+    openSetup([&](FrmSetup& d) {
+        d.selectGameType(1);
+        d.setText(d.txtRounds, "99");
+        d.selectGame(2);
+        host->expectMsgBox("Rounds cannot be less than 2 or greater than 20.", "Invalid Rounds Value", MsgResult::OK);
+        d.cmdOK_Click();
+        d.cmdCancel_Click();
+    });
+    EXPECT_EQ(host->shownBoxes().size(), 1u);
+}
+
+TEST_F(Setup, RoundsAreCheckedOnlyForATournament) {
+    openSetup([](FrmSetup& d) {
+        d.selectGameType(1);
+        d.setText(d.txtRounds, "50");
+        d.selectGameType(0);
+        EXPECT_FALSE(d.txtRounds.Enabled);
+        d.cmdOK_Click();
+    });
+    EXPECT_EQ(settingsFile(), "0\r\n50\r\n-1\r\n0\r\n");
+    EXPECT_FALSE(f->menu.mnuVScore.Enabled);
+}
+
+TEST_F(Setup, OnlyDigitsAndBackspaceAreTyped) {
+    EXPECT_EQ(FrmSetup::txtRounds_KeyPress('7'), '7');
+    EXPECT_EQ(FrmSetup::txtRounds_KeyPress(8), 8);
+    EXPECT_EQ(FrmSetup::txtRounds_KeyPress('a'), 0);
+    EXPECT_EQ(FrmSetup::txtRounds_KeyPress('-'), 0);
+}
+
+TEST_F(Setup, LeavingJoinEmptiesTheAddressAtOnceEvenOnCancel) {
+    openSetup([](FrmSetup& d) {
+        d.selectGame(2);
+        d.setText(d.txtHostIP, "192.0.2.15");
+        d.cmdOK_Click();
+    });
+    EXPECT_EQ(program->g.gHostIP, "192.0.2.15");
+    openSetup([](FrmSetup& d) {
+        EXPECT_EQ(d.txtHostIP.Text, "192.0.2.15");
+        d.selectGame(0);
+        EXPECT_EQ(d.txtHostIP.BackColor, FrmSetup::kGrey);
+        d.cmdCancel_Click();
+    });
+    EXPECT_EQ(program->g.gHostIP, "");
+    EXPECT_EQ(program->g.gPlayMode, 2) << "the cancelled dialog stored nothing";
+}
+
+TEST_F(Setup, OpeningInHostModeShowsAnEmptyAddress) {
+    f->settings.WriteSettings(0, 10, -1, 1);
+    program->g.gHostIP = "198.51.100.7";
+    openSetup([](FrmSetup& d) {
+        EXPECT_EQ(d.txtHostIP.Text, "");
+        d.cmdCancel_Click();
+    });
+    EXPECT_EQ(program->g.gHostIP, "");
+}
+
+TEST_F(Setup, ARunningGameAsksBeforeItIsReset) {
+    f->dealer.imgDeck_Click();
+    openSetup([](FrmSetup& d) { d.cmdCancel_Click(); });
+    EXPECT_TRUE(host->shownBoxes().empty()) << "Cancel asks nothing";
+    EXPECT_EQ(program->g.gGameInProgress, 1);
+
+    const std::string before = settingsFile();
+    const std::string question =
+        "A game is already in session.  Saving the changes you made will reset the current game.  Do you want to proceed?";
+    host->expectMsgBox(question, "Reset Game", MsgResult::No);
+    openSetup([](FrmSetup& d) {
+        d.selectGameType(1);
+        d.setText(d.txtRounds, "5");
+        d.cmdOK_Click();
+    });
+    EXPECT_EQ(settingsFile(), before) << "No saves nothing";
+    EXPECT_EQ(program->g.gGameInProgress, 1);
+    EXPECT_FALSE(program->g.gSetupCancelled) << "No still counts as OK for the menu";
+
+    host->expectMsgBox(question, "Reset Game", MsgResult::Yes);
+    openSetup([](FrmSetup& d) { d.cmdOK_Click(); });
+    EXPECT_EQ(program->g.gGameInProgress, 0);
+    EXPECT_FALSE(f->ctl.imgPCard[0].hasPicture());
+    EXPECT_EQ(f->m.mTurn, 0);
+}
+
+}  // namespace
+}  // namespace petal::test

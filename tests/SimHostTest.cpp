@@ -1,0 +1,102 @@
+// The simulated host: timers in order of due time, no tick inside its own previous tick,
+// waits that run time forward, and prompts answered by a script.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "shell/Form.h"
+#include "shell/SimHost.h"
+#include "shell/Timer.h"
+
+namespace petal {
+namespace {
+
+TEST(SimHost, TimersFireInOrderOfDueTime) {
+    SimHost host("/tmp");
+    std::vector<std::string> log;
+    Timer slow(host, [&] { log.push_back("slow@" + std::to_string(host.now())); }, 300);
+    Timer fast(host, [&] { log.push_back("fast@" + std::to_string(host.now())); }, 200);
+    slow.setEnabled(true);
+    fast.setEnabled(true);
+    host.advance(600);
+    EXPECT_EQ(log, (std::vector<std::string>{"fast@200", "slow@300", "fast@400", "slow@600", "fast@600"}));
+}
+
+TEST(SimHost, DisablingOrChangingATimerReArmsIt) {
+    SimHost host("/tmp");
+    int ticks = 0;
+    Timer timer(host, [&] { ++ticks; }, 500);
+    timer.setEnabled(true);
+    host.advance(400);
+    timer.setInterval(300);  // counts afresh from now
+    host.advance(200);
+    EXPECT_EQ(ticks, 0);
+    host.advance(100);
+    EXPECT_EQ(ticks, 1);
+    timer.setEnabled(false);
+    host.advance(5000);
+    EXPECT_EQ(ticks, 1);
+}
+
+TEST(SimHost, NoTickStartsWhileThePreviousTickRuns) {
+    SimHost host("/tmp");
+    int depth = 0, deepest = 0, ticks = 0;
+    bool released = false;
+    Timer release(host, [&] { released = true; }, 1200);
+    Timer busy(host, [&] {
+        ++ticks;
+        deepest = std::max(deepest, ++depth);
+        if (ticks == 1) {
+            release.setEnabled(true);
+            host.waitUntil([&] { return released; });  // nested events run meanwhile
+        }
+        --depth;
+    }, 500);
+    busy.setEnabled(true);
+    host.advance(2000);
+    EXPECT_EQ(deepest, 1);
+    EXPECT_TRUE(released);
+    // The ticks due at 1000 and 1500 fell inside the first one; the grid goes on after it.
+    EXPECT_EQ(ticks, 2);
+    EXPECT_EQ(host.now(), 2000);
+}
+
+TEST(SimHost, AWaitWithNothingScheduledIsAFailure) {
+    SimHost host("/tmp");
+    EXPECT_THROW(host.waitUntil([] { return false; }), UnexpectedPrompt);
+}
+
+TEST(SimHost, ScriptedAnswersMustMatchTheBoxesShown) {
+    SimHost host("/tmp");
+    host.expectMsgBox("Are you sure?", "Quit Petalgardn", MsgResult::No);
+    EXPECT_EQ(host.msgBox({"Are you sure?", "Quit Petalgardn", MsgIcon::Question, MsgButtons::YesNo}), MsgResult::No);
+    EXPECT_THROW(host.msgBox({"Anything", "Else"}), UnexpectedPrompt);
+    host.expectMsgBox("Expected", "Title", MsgResult::Yes);
+    EXPECT_THROW(host.msgBox({"Other", "Title"}), UnexpectedPrompt);
+}
+
+TEST(SimHost, UnexpectedAndUnclosedFormsAreFailures) {
+    struct Plain : Form {
+        const char* formName() const override { return "frmPlain"; }
+    } form;
+    SimHost host("/tmp");
+    EXPECT_THROW(host.showModal(form), UnexpectedPrompt);
+    host.onForm = [](Form&) {};
+    EXPECT_THROW(host.showModal(form), UnexpectedPrompt);
+    host.onForm = [](Form& shown) { shown.Unload(); };
+    EXPECT_NO_THROW(host.showModal(form));
+    EXPECT_FALSE(form.loaded());
+}
+
+TEST(SimHost, TheClockFollowsVirtualTime) {
+    SimHost host("/tmp");
+    host.setClock(23, 59, 58);
+    host.advance(2500);
+    EXPECT_EQ(host.timeText(), "00:00:00");
+    host.setDate(1999, 12, 31);
+    EXPECT_EQ(host.dateText(), "12/31/1999");
+}
+
+}  // namespace
+}  // namespace petal

@@ -1,0 +1,92 @@
+// The main window offscreen: its size, controls where the layout puts them, clicks that reach
+// the handlers, and a picture of the table saved for review.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QTest>
+
+#include "GameFixture.h"
+#include "assets/PictureStore.h"
+#include "engine/table_view/TableView.h"
+#include "shell/MainWindow.h"
+#include "shell/QtHost.h"
+
+namespace petal::test {
+namespace {
+
+// The view runs on the Qt host, in a fresh folder of its own.
+class TableViewTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        program = std::make_unique<Program>(host);
+        window = std::make_unique<MainWindow>(program->frmMain, host, pictures);
+        host.setMainWidget(window.get());
+        host.onModelChanged = [this] { window->sync(); };
+        runHandler(host, [this] { program->Main(); });
+        window->sync();
+        window->show();
+    }
+    QPoint centre(const Control& c) const { return QPoint((c.Left + c.Width / 2) / 15, (c.Top + c.Height / 2) / 15); }
+    void click(const Control& c) { QTest::mouseClick(window->table(), Qt::LeftButton, {}, centre(c)); }
+
+    TempDir dir;
+    QtHost host{dir.path()};
+    PictureStore pictures;
+    std::unique_ptr<Program> program;
+    std::unique_ptr<MainWindow> window;
+};
+
+TEST_F(TableViewTest, TheTableHasItsFixedClientAreaAndTheMenus) {
+    EXPECT_EQ(window->table()->size(), QSize(788, 546));
+    EXPECT_EQ(window->windowTitle(), "Petalgarden");
+    QStringList menus;
+    for (QAction* action : window->menuBar()->actions()) menus << action->text();
+    EXPECT_EQ(menus, (QStringList{"Game", "&View", "&Help"}));
+    auto* score = window->findChild<QAction*>("mnuVScore");
+    ASSERT_NE(score, nullptr);
+    EXPECT_EQ(score->shortcut(), QKeySequence(Qt::Key_F6));
+    EXPECT_FALSE(score->isEnabled());
+    EXPECT_FALSE(window->findChild<QAction*>("mnuVChat")->isEnabled());
+}
+
+TEST_F(TableViewTest, ControlsStandWhereTheLayoutPutsThem) {
+    const auto items = window->table()->items();
+    const TableModel& c = program->frmMain.ctl;
+    struct Case {
+        const Control& control;
+        QPoint pixel;
+        const Control* expected;
+    };
+    const Case cases[] = {
+        {c.imgDeck, centre(c.imgDeck), &c.imgDeck},
+        {c.imgPCard[7], centre(c.imgPCard[7]), &c.imgPCard[7]},
+        {c.imgTCard[5], centre(c.imgTCard[5]), &c.imgTCard[5]},
+        {c.imgTable, QPoint(6400 / 15, 5400 / 15), &c.imgTable},
+        {c.imgPYaku[23], QPoint((240 + 780 * 7 + 360 + 100) / 15, (7530 + 500) / 15), &c.imgPYaku[23]},
+    };
+    for (const Case& k : cases) {
+        const TableView::Item* hit = window->table()->hitTest(k.pixel, items);
+        ASSERT_NE(hit, nullptr);
+        EXPECT_EQ(hit->control, k.expected) << k.pixel.x() << "," << k.pixel.y();
+    }
+    EXPECT_EQ(c.imgCCard[3].Left, 2535);
+    EXPECT_EQ(c.shpTHilite[2].Top, 4110);
+    EXPECT_EQ(c.panel[0].box.Top, 4170);
+    EXPECT_EQ(c.picYakuShow.Left, 9315);
+}
+
+TEST_F(TableViewTest, AClickOnTheDeckDealsAndTheWindowIsSavedForReview) {
+    click(program->frmMain.ctl.imgDeck);
+    EXPECT_EQ(program->g.gGameInProgress, 1);
+    EXPECT_TRUE(program->frmMain.ctl.imgPCard[0].hasPicture());
+    click(program->frmMain.ctl.imgPCard[0]);
+    EXPECT_TRUE(program->frmMain.ctl.shpPHilite.Visible);
+    const QString file = QStringLiteral(PETAL_BUILD_DIR "/table-view.png");
+    EXPECT_TRUE(window->grab().save(file));
+    program->g.gGameInProgress = 0;  // so that closing the window asks nothing
+}
+
+}  // namespace
+}  // namespace petal::test
