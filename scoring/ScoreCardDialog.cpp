@@ -33,6 +33,8 @@ ScoreCardDialog::ScoreCardDialog(FrmScoreCard& form, QtHost& host, QWidget* pare
     grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grid_->setSelectionMode(QAbstractItemView::NoSelection);
     grid_->setFocusPolicy(Qt::NoFocus);
+    grid_->setTextElideMode(Qt::ElideNone);
+    grid_->setWordWrap(false);
     grid_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     layout->addWidget(grid_);

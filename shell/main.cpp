@@ -1,5 +1,6 @@
 // The program's entry: the Qt host, the core's program, and the main window that draws it.
 #include <QApplication>
+#include <QFont>
 #include <QIcon>
 
 #include "assets/PictureStore.h"
@@ -18,6 +19,7 @@
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Petalgarden"));
+    QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));  // the forms' classic sans face
     petal::QtHost host;
     petal::PictureStore pictures;
     QIcon icon;
