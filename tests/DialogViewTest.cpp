@@ -1,0 +1,116 @@
+// The form dialogs on the Qt host: each opens for its model, draws it, forwards its buttons,
+// and closes when the model unloads. Pictures of each are saved under the build folder.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QRadioButton>
+#include <QTest>
+#include <QTimer>
+
+#include "GameFixture.h"
+#include "assets/PictureStore.h"
+#include "records/FrmHOFWinner.h"
+#include "records/HofWinnerDialog.h"
+#include "scoring/FrmScoreCard.h"
+#include "scoring/ScoreCardDialog.h"
+#include "shell/FrmSetup.h"
+#include "shell/QtHost.h"
+#include "shell/SetupDialog.h"
+
+namespace petal::test {
+namespace {
+
+class DialogView : public ::testing::Test {
+protected:
+    void SetUp() override {
+        host.registerDialog("frmScoreCard", [this](Form& form, QWidget* parent) {
+            return new ScoreCardDialog(static_cast<FrmScoreCard&>(form), host, parent);
+        });
+        host.registerDialog("frmHOFWinner", [this](Form& form, QWidget* parent) {
+            return new HofWinnerDialog(static_cast<FrmHOFWinner&>(form), host, pictures, parent);
+        });
+        host.registerDialog("frmSetup", [this](Form& form, QWidget* parent) {
+            return new SetupDialog(static_cast<FrmSetup&>(form), host, pictures, parent);
+        });
+        runHandler(host, [this] { program.Main(); });
+    }
+    // Once the modal dialog stands: save its picture, then act on it as the user.
+    void whenShown(const QString& picture, std::function<void(QWidget*)> act) {
+        QTimer::singleShot(50, [picture, act] {
+            QWidget* dialog = QApplication::activeModalWidget();
+            ASSERT_NE(dialog, nullptr);
+            dialog->grab().save(QStringLiteral(PETAL_BUILD_DIR "/") + picture);
+            act(dialog);
+        });
+    }
+    static QPushButton* button(QWidget* dialog, const QString& text) {
+        for (auto* b : dialog->findChildren<QPushButton*>())
+            if (b->text() == text) return b;
+        return nullptr;
+    }
+
+    TempDir dir;
+    QtHost host{dir.path()};
+    PictureStore pictures;
+    Program program{host};
+};
+
+TEST_F(DialogView, TheScoreCardShowsTheGridAndClosesOnOK) {
+    program.frmMain.settings.WriteSettings(1, 3, -1, 0);
+    program.g.gGameInProgress = 1;
+    program.g.gRoundScores = {std::vector<int>{95, 40, 30, 25}, std::vector<int>{60, 30, 20, 10}};
+    int rows = 0;
+    whenShown("score-card.png", [&](QWidget* dialog) {
+        rows = dialog->findChild<QTableWidget*>()->rowCount();
+        button(dialog, "OK")->click();
+    });
+    host.dispatch([this] { program.frmMain.mnuVScore_Click(); });
+    EXPECT_EQ(rows, 5);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+TEST_F(DialogView, TheNameFormStoresTheTypedNameInTheHallOfFame) {
+    FrmHOFWinner winner(program.g, program.hof);
+    winner.mScore = 120;
+    winner.mFormCaption = "Single Game High Score";
+    bool okWhenEmpty = true, okWithText = false;
+    whenShown("hof-winner.png", [&](QWidget* dialog) {
+        EXPECT_EQ(dialog->windowTitle(), "Single Game High Score");
+        auto* name = dialog->findChild<QLineEdit*>();
+        name->setFocus();
+        QTest::keyClicks(name, "x");
+        QTest::keyClick(name, Qt::Key_Backspace);
+        okWhenEmpty = button(dialog, "OK")->isEnabled();
+        QTest::keyClicks(name, "Sakura");
+        okWithText = button(dialog, "OK")->isEnabled();
+        button(dialog, "OK")->click();
+    });
+    host.dispatch([&] { host.showModal(winner); });
+    EXPECT_FALSE(okWhenEmpty) << "clearing the box disables OK";
+    EXPECT_TRUE(okWithText);
+    EXPECT_EQ(program.g.gHighScoreName, "Sakura");
+    EXPECT_EQ(program.hof.GetHallOfFame(0).substr(0, 7), "Sakura,");
+}
+
+TEST_F(DialogView, SetupFiltersTheRoundsAndStoresTheChoice) {
+    whenShown("setup.png", [&](QWidget* dialog) {
+        auto radios = dialog->findChildren<QRadioButton*>();
+        for (QRadioButton* r : radios)
+            if (r->text() == "Tournament") r->click();
+        auto* rounds = dialog->findChildren<QLineEdit*>().front();
+        rounds->setFocus();
+        rounds->selectAll();
+        QTest::keyClicks(rounds, "a7-");
+        button(dialog, "OK")->click();
+    });
+    host.dispatch([this] { program.frmMain.mnuSetup_Click(); });
+    EXPECT_EQ(program.g.gGameType, 1);
+    EXPECT_EQ(program.g.gRounds, 7);
+    EXPECT_TRUE(program.frmMain.menu.mnuVScore.Enabled);
+}
+
+}  // namespace
+}  // namespace petal::test
