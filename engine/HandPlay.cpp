@@ -89,20 +89,12 @@ void HandPlay::imgTCard_Click(int Slot) {
     }
     const bool fromHand = c.shpPHilite.Visible;
     const int handSlot = fromHand ? static_cast<int>(Val(c.shpPHilite.Tag)) : -1;
-    int pair[2];
-    pair[0] = Val(c.imgTCard[Slot].Tag);
+    int played;
     if (fromHand)
-        pair[1] = f_.g.gPlayMode == 2 ? static_cast<int>(Val(c.imgPCard.at(handSlot).Tag)) : handSlot;
+        played = f_.g.gPlayMode == 2 ? static_cast<int>(Val(c.imgPCard.at(handSlot).Tag)) : handSlot;
     else
-        pair[1] = Val(c.imgFlipCard.Tag);
-    const bool wild = m.mCards.at(pair[1]).isWild();
-    for (int k = 0; k < 2; ++k) {
-        f_.piles.SendToPlayerPoints(pair[k], wild, k);
-        if (f_.g.gUseYaku) f_.yaku.ShowYaku(pair[k]);
-    }
-    c.imgTCard[Slot].clearCard();
-    c.shpTHilite[Slot].Visible = false;
-    if (f_.events) f_.events->moved(0, !fromHand, pair[1], pair[0], Slot);
+        played = Val(c.imgFlipCard.Tag);
+    f_.piles.captureFromTable(0, Slot, played, !fromHand);
     f_.piles.CalcPlayerPoints();
     if (fromHand) {
         c.imgPCard.at(handSlot).clearCard();
@@ -114,7 +106,7 @@ void HandPlay::imgTCard_Click(int Slot) {
     for (Shape& frame : c.shpTHilite) frame.Visible = false;
     f_.yaku.CountYakus();
     if (f_.g.gPlayMode > 0)
-        f_.sendToPeer("CARD," + (fromHand ? c.shpPHilite.Tag : std::to_string(pair[1])) + "," + std::to_string(Slot));
+        f_.sendToPeer("CARD," + (fromHand ? c.shpPHilite.Tag : std::to_string(played)) + "," + std::to_string(Slot));
     passTurnIfFlipped();
     if (fromHand)
         f_.flip.FlipCard();

@@ -78,16 +78,7 @@ bool RemoteReplay::MultiPlayerDropCard(int phase) {
         f_.play.imgTable_Click();
         return true;
     }
-    const int t = m.mRemoteTableCard;
-    const int pair[2] = {static_cast<int>(Val(c.imgTCard.at(t).Tag)), m.mCompDeckPos};
-    const bool wild = m.mCards.at(pair[1]).isWild();
-    for (int k = 0; k < 2; ++k) {
-        f_.piles.SendToCompPoints(pair[k], wild, k);
-        if (f_.g.gUseYaku) f_.yaku.ShowYaku(pair[k]);
-    }
-    c.imgTCard[t].clearCard();
-    c.shpTHilite[t].Visible = false;
-    if (f_.events) f_.events->moved(1, phase != 1, pair[1], pair[0], t);
+    f_.piles.captureFromTable(1, m.mRemoteTableCard, m.mCompDeckPos, phase != 1);
     f_.piles.CalcPlayerPoints();
     f_.yaku.CountYakus();
     if (phase == 1) {

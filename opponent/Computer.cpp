@@ -150,15 +150,7 @@ void Computer::CompDropCard() {
         f_.play.imgTable_Click();
         return;
     }
-    const int pair[2] = {static_cast<int>(Val(c.imgTCard.at(t).Tag)), m.mCompDeckPos};
-    const bool wild = m.mCards.at(pair[1]).isWild();
-    for (int k = 0; k < 2; ++k) {
-        f_.piles.SendToCompPoints(pair[k], wild, k);
-        if (f_.g.gUseYaku) f_.yaku.ShowYaku(pair[k]);
-    }
-    c.imgTCard[t].clearCard();
-    c.shpTHilite[t].Visible = false;
-    if (f_.events) f_.events->moved(1, m.mCompPhase != 1, pair[1], pair[0], t);
+    f_.piles.captureFromTable(1, t, m.mCompDeckPos, m.mCompPhase != 1);
     f_.piles.CalcPlayerPoints();
     if (m.mCompPhase == 1) {
         c.imgCCard.at(m.mCompCard).clearCard();

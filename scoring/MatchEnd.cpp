@@ -89,8 +89,7 @@ void MatchEnd::endSingleGame() {
     if (g.gPlayMode != 0) pumpAfterQuestion();
     decideNextStarter();
     if (!again) {
-        if (g.gPlayMode != 0) f_.sendToPeer("NEWG,1");
-        f_.Unload();
+        declineRematch();
         return;
     }
     if (g.gPlayMode == 0) {
@@ -102,6 +101,12 @@ void MatchEnd::endSingleGame() {
     answerRematch();
     f_.dealer.NewGame(false);
     f_.dealer.DealCards();
+}
+
+// No: the peer is told, and the program closes.
+void MatchEnd::declineRematch() {
+    if (f_.g.gPlayMode != 0) f_.sendToPeer("NEWG,1");
+    f_.Unload();
 }
 
 // Yes to a rematch on a network: a peer that has not said yes yet is asked and waited for.
@@ -145,8 +150,7 @@ void MatchEnd::endTournamentRound() {
     const bool again = askPlayAgain();
     pumpAfterQuestion();
     if (!again) {
-        if (g.gPlayMode != 0) f_.sendToPeer("NEWG,1");
-        f_.Unload();
+        declineRematch();
         return;
     }
     if (g.gPlayMode == 0) {

@@ -20,6 +20,7 @@ private:
     void endTournamentRound();
     bool askPlayAgain();
     void answerRematch();
+    void declineRematch();
     void pumpAfterQuestion();
     void decideNextStarter();
     void showScoreCard();

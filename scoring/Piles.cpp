@@ -1,6 +1,7 @@
 #include "scoring/Piles.h"
 
 #include "cards/FrmCards.h"
+#include "cards/Val.h"
 #include "shell/FrmMain.h"
 #include "shell/Host.h"
 
@@ -80,6 +81,19 @@ void Piles::SendToPoints(int side, int CardPos, bool ByGCard, int PairIndex) {
         marker.Visible = true;
     }
     f_.host.refresh();
+}
+
+void Piles::captureFromTable(int side, int slot, int played, bool fromDeck) {
+    TableModel& c = f_.ctl;
+    const int pair[2] = {static_cast<int>(Val(c.imgTCard.at(slot).Tag)), played};
+    const bool wild = f_.m.mCards.at(played).isWild();
+    for (int k = 0; k < 2; ++k) {
+        SendToPoints(side, pair[k], wild, k);
+        if (f_.g.gUseYaku) f_.yaku.ShowYaku(pair[k]);
+    }
+    c.imgTCard[slot].clearCard();
+    c.shpTHilite.at(slot).Visible = false;
+    if (f_.events) f_.events->moved(side, fromDeck, played, pair[0], slot);
 }
 
 void Piles::CalcPlayerPoints() {
