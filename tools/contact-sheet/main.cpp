@@ -1,6 +1,7 @@
 // Renders every picture of the registry at 1x and at 2x, each labelled with its index and
 // name, onto one PNG: the place where a review of the artwork starts.
-// Usage: petalgarden-contact-sheet [out.png]   (QT_QPA_PLATFORM=offscreen works)
+// Usage: petalgarden-contact-sheet [out.png]   (default: contact-sheet.png in the build folder;
+//        QT_QPA_PLATFORM=offscreen works)
 #include <QElapsedTimer>
 #include <QFont>
 #include <QFontMetrics>
@@ -39,7 +40,7 @@ QString label(PictureId id) {
 
 int main(int argc, char** argv) {
     QGuiApplication app(argc, argv);
-    const QString out = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("contact-sheet.png");
+    const QString out = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral(PETAL_BUILD_DIR "/contact-sheet.png");
 
     PictureStore store;
     std::vector<Cell> cells;

@@ -2,10 +2,10 @@
 // draws the real main window as it stands when the last deal's result is shown (banners,
 // piles, yaku rows), offscreen. For the README and for reviews of the art.
 #include <QApplication>
-#include <QDir>
 
 #include "Policy.h"
 #include "SimPlay.h"
+#include "TempFolder.h"
 #include "assets/PictureStore.h"
 #include "shell/FatalError.h"
 #include "shell/Form.h"
@@ -19,9 +19,8 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     const QString out = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QStringLiteral("screenshot.png");
     const int deals = argc > 2 ? std::max(1, std::atoi(argv[2])) : 1;
-    const std::filesystem::path folder = (QDir::tempPath() + "/petalgarden-screenshot").toStdString();
-    std::filesystem::remove_all(folder);
-    std::filesystem::create_directories(folder);
+    petal::sim::TempFolder temp;
+    const std::filesystem::path& folder = temp.path();
 
     petal::SimHost sim(folder);
     sim.setClock(19, 30, 0);
@@ -48,6 +47,5 @@ int main(int argc, char** argv) {
         petal::runHandler(sim, [&] { acted = petal::sim::localMove(program.frmMain, policy); });
         if (!acted && !sim.step()) break;
     }
-    std::filesystem::remove_all(folder);
     return saved ? 0 : 1;
 }
