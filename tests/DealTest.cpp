@@ -1,7 +1,6 @@
 // Dealing: the generator and its seed text, the deal's layout, who leads, the deck's question,
 // and NewGame clearing what a deal left behind.
 #include "GameFixture.h"
-#include "engine/Rnd.h"
 #include "engine/SeedText.h"
 
 namespace petal::test {
@@ -54,23 +53,6 @@ TEST(SeedText, ReadsTwentyFourHourAndTwelveHourTextsAndNothingElse) {
                           {"13:00:00 PM", 0},     {"noon", 0},           {"", 0},
                           {"12:00", 0},           {"12:00:00pm", 0}};
     for (const Case& c : cases) EXPECT_DOUBLE_EQ(seedValue(c.text), c.value) << c.text;
-}
-
-TEST(Generator, ResetReturnsToTheFixedStartAndSeedingXorsTheBits) {
-    Rnd a, b;
-    const double first = a.next();
-    a.next();
-    a.reset();
-    EXPECT_EQ(a.next(), first);
-    a.reset();
-    a.seed(0.5);
-    b.seed(0.25);
-    EXPECT_NE(a.next(), b.next());
-    for (int i = 0; i < 1000; ++i) {
-        const double r = a.next();
-        ASSERT_GE(r, 0.0);
-        ASSERT_LT(r, 1.0);
-    }
 }
 
 TEST_F(Deal, TheDealFillsHandsTableAndBacks) {

@@ -53,29 +53,20 @@ TEST_F(HandPlay, EqualMatchesGiveTheLowerSlot) {
     EXPECT_EQ(f->play.RelativeCheck(0, false), 1);
 }
 
-TEST_F(HandPlay, ClickingTheSelectedCardAgainClearsEveryFrame) {
-    dealWith({kPineCrane}, {}, {kPineChaffA});
-    f->play.imgPCard_Click(0);
-    f->play.imgPCard_Click(0);
-    EXPECT_FALSE(f->ctl.shpPHilite.Visible);
-    EXPECT_EQ(f->ctl.shpPHilite.Tag, "-1");
-    EXPECT_EQ(visibleTableFrames(), 0);
-}
-
-TEST_F(HandPlay, SelectingAnotherCardMovesTheFramesToItsMatches) {
+TEST_F(HandPlay, AClickMovesClearsOrDropsTheSelection) {
     dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, 6});
+    f->ctl.imgPCard[3].clearCard();
     f->play.imgPCard_Click(0);
-    f->play.imgPCard_Click(1);
+    f->play.imgPCard_Click(1);  // another card: the frames follow its matches
     EXPECT_EQ(f->ctl.shpPHilite.Tag, "1");
     EXPECT_EQ(f->ctl.shpPHilite.Left, f->ctl.imgPCard[1].Left + 30);
     EXPECT_EQ(framedSlots(), (std::vector<int>{1}));
-}
-
-TEST_F(HandPlay, AClickOnAnEmptyHandPlaceDeselectsTheTable) {
-    dealWith({kPineCrane}, {}, {kPineChaffA});
-    f->ctl.imgPCard[3].clearCard();
+    f->play.imgPCard_Click(1);  // the same card again: nothing stays framed
+    EXPECT_FALSE(f->ctl.shpPHilite.Visible);
+    EXPECT_EQ(f->ctl.shpPHilite.Tag, "-1");
+    EXPECT_EQ(visibleTableFrames(), 0);
     f->play.imgPCard_Click(0);
-    f->play.imgPCard_Click(3);
+    f->play.imgPCard_Click(3);  // an empty place deselects
     EXPECT_FALSE(f->ctl.shpPHilite.Visible);
     EXPECT_EQ(visibleTableFrames(), 0);
 }
