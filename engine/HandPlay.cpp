@@ -155,16 +155,13 @@ int HandPlay::AddCardToTable(int Position) {
     int slot = -1;
     for (std::size_t i = 0; i < c.imgTCard.size() && slot < 0; ++i)
         if (!c.imgTCard[i].hasPicture()) slot = static_cast<int>(i);
-    const bool grown = slot < 0;
-    if (grown) slot = c.loadTableSlot();
+    // A new slot comes with its frame, in front of it and hidden.
+    if (slot < 0) slot = c.loadTableSlot();
     Image& card = c.imgTCard[slot];
     card.Picture = f_.m.mCards.at(Position).Picture;
     card.ToolTipText = cardToolTip(f_.m.mCards[Position]);
     card.Tag = std::to_string(Position);
-    if (grown) {
-        c.bringToFront(card);
-        card.Visible = true;
-    }
+    card.Visible = true;
     if (f_.m.mTurn == 0) passTurnIfFlipped();
     return slot;
 }
