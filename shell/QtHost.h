@@ -2,7 +2,9 @@
 // The program's host: Qt timers, nested event loops that sleep until an event comes, message
 // boxes, and modal dialogs made for each form model by the view that registered for it.
 #include <QObject>
+#include <QDialog>
 #include <QPointer>
+#include <QWidget>
 #include <functional>
 #include <map>
 #include <string>
@@ -10,9 +12,7 @@
 
 #include "shell/Host.h"
 
-class QDialog;
 class QTimer;
-class QWidget;
 
 namespace petal {
 

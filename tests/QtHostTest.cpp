@@ -1,0 +1,54 @@
+// The program's host: a wait sleeps instead of spinning, and a timer's tick never starts inside
+// its own previous tick, though the tick runs a nested wait.
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QElapsedTimer>
+
+#include "shell/QtHost.h"
+#include "shell/Timer.h"
+
+namespace petal {
+namespace {
+
+double cpuSeconds() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return usage.ru_utime.tv_sec + usage.ru_stime.tv_sec + (usage.ru_utime.tv_usec + usage.ru_stime.tv_usec) / 1e6;
+}
+
+TEST(QtHost, AWaitSleepsUntilItsTimerFires) {
+    QtHost host("/tmp");
+    bool done = false;
+    Timer timer(host, [&] { done = true; }, 300);
+    timer.setEnabled(true);
+    QElapsedTimer clock;
+    clock.start();
+    const double cpuBefore = cpuSeconds();
+    host.waitUntil([&] { return done; });
+    EXPECT_TRUE(done);
+    EXPECT_GE(clock.elapsed(), 280);
+    EXPECT_LT(cpuSeconds() - cpuBefore, 0.05) << "the wait burnt CPU";
+}
+
+TEST(QtHost, ATickNeverStartsInsideItsOwnPreviousTick) {
+    QtHost host("/tmp");
+    int depth = 0, deepest = 0, ticks = 0;
+    bool released = false;
+    Timer release(host, [&] { released = true; }, 120);
+    Timer busy(host, [&] {
+        ++ticks;
+        deepest = std::max(deepest, ++depth);
+        if (ticks == 1) {
+            release.setEnabled(true);
+            host.waitUntil([&] { return released; });  // busy's interval passes many times in here
+        }
+        --depth;
+    }, 10);
+    busy.setEnabled(true);
+    host.waitUntil([&] { return ticks >= 3; });
+    EXPECT_EQ(deepest, 1);
+}
+
+}  // namespace
+}  // namespace petal
