@@ -21,7 +21,8 @@ fi
 
 build=build
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=OFF >/dev/null
-cmake --build "$build" -j "$(nproc)" -- --no-print-directory -s
+# Only warnings and errors are shown: the build says nothing when all is up to date.
+cmake --build "$build" -j "$(nproc)" -- --no-print-directory -s 2>&1 | { grep -v -E '^\[ *[0-9]+%\] Built target' || true; }
 
 case "${1:-}" in
     play) exec "$build/petalgarden" ;;
