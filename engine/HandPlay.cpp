@@ -50,10 +50,8 @@ int HandPlay::RelativeCheck(int Position, bool Show) {
 
 int HandPlay::selectedHandSlot() const {
     const Shape& frame = f_.ctl.shpPHilite;
-    if (!frame.Visible) return -1;
-    for (int i = 0; i < 8; ++i)
-        if (Val(frame.Tag) == i && frame.Tag != "") return i;
-    return -1;
+    const long slot = Val(frame.Tag);
+    return frame.Visible && slot >= 0 && slot < 8 ? static_cast<int>(slot) : -1;
 }
 
 void HandPlay::hideTableFrames() {

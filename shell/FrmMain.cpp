@@ -15,6 +15,7 @@ FrmMain::FrmMain(Host& host_, Globals& g_, HallOfFame& hof_)
       settings(host_, g_, Caption),
       tmrComputer(host_, [this] { computer.tmrComputer_Timer(); }, 1000),
       tmrFlipTimer(host_, [this] { flip.tmrFlipTimer_Timer(); }, 1000),
+      // The connection's poll; its handler comes with the TCP link, until then it only ticks.
       tmrWinsockState(host_, [] {}, 500),
       dealer(*this),
       play(*this),
