@@ -1,5 +1,6 @@
 #include "shell/FrmMain.h"
 
+#include "records/FrmHOF.h"
 #include "records/HallOfFame.h"
 #include "scoring/FrmScoreCard.h"
 #include "shell/FatalError.h"
@@ -65,6 +66,11 @@ void FrmMain::mnuVScore_Click() {
     FrmScoreCard card(*this);
     card.mFromMenu = true;
     host.showModal(card);
+}
+
+void FrmMain::mnuVHallofFame_Click() {
+    FrmHOF hall(g, hof);
+    host.showModal(hall);
 }
 
 void FrmMain::mnuSetup_Click() {

@@ -72,6 +72,7 @@ public:
     void mnuExit_Click() { Unload(); }
     void mnuVScore_Click();
     void mnuSetup_Click();
+    void mnuVHallofFame_Click();
 
     // Each takes away only the hand pointer, so the hourglass survives every mouse movement.
     void Form_MouseMove() { restoreArrow(); }

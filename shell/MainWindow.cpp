@@ -42,6 +42,7 @@ void MainWindow::runMenu(const MenuItem& item) {
         if (&item == &menu.mnuExit) game_.mnuExit_Click();
         else if (&item == &menu.mnuVScore) game_.mnuVScore_Click();
         else if (&item == &menu.mnuSetup) game_.mnuSetup_Click();
+        else if (&item == &menu.mnuVHallofFame) game_.mnuVHallofFame_Click();
     });
 }
 

@@ -5,7 +5,9 @@
 
 #include "assets/PictureStore.h"
 #include "engine/table_view/TableView.h"
+#include "records/FrmHOF.h"
 #include "records/FrmHOFWinner.h"
+#include "records/HofDialog.h"
 #include "records/HofWinnerDialog.h"
 #include "scoring/FrmScoreCard.h"
 #include "scoring/ScoreCardDialog.h"
@@ -34,6 +36,9 @@ int main(int argc, char** argv) {
     });
     host.registerDialog("frmHOFWinner", [&host, &pictures](petal::Form& form, QWidget* parent) {
         return new petal::HofWinnerDialog(static_cast<petal::FrmHOFWinner&>(form), host, pictures, parent);
+    });
+    host.registerDialog("frmHOF", [&host, &pictures](petal::Form& form, QWidget* parent) {
+        return new petal::HofDialog(static_cast<petal::FrmHOF&>(form), host, pictures, parent);
     });
     host.registerDialog("frmSetup", [&host, &pictures](petal::Form& form, QWidget* parent) {
         return new petal::SetupDialog(static_cast<petal::FrmSetup&>(form), host, pictures, parent);

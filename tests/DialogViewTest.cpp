@@ -12,7 +12,9 @@
 
 #include "GameFixture.h"
 #include "assets/PictureStore.h"
+#include "records/FrmHOF.h"
 #include "records/FrmHOFWinner.h"
+#include "records/HofDialog.h"
 #include "records/HofWinnerDialog.h"
 #include "scoring/FrmScoreCard.h"
 #include "scoring/ScoreCardDialog.h"
@@ -31,6 +33,9 @@ protected:
         });
         host.registerDialog("frmHOFWinner", [this](Form& form, QWidget* parent) {
             return new HofWinnerDialog(static_cast<FrmHOFWinner&>(form), host, pictures, parent);
+        });
+        host.registerDialog("frmHOF", [this](Form& form, QWidget* parent) {
+            return new HofDialog(static_cast<FrmHOF&>(form), host, pictures, parent);
         });
         host.registerDialog("frmSetup", [this](Form& form, QWidget* parent) {
             return new SetupDialog(static_cast<FrmSetup&>(form), host, pictures, parent);
@@ -93,6 +98,24 @@ TEST_F(DialogView, TheNameFormStoresTheTypedNameInTheHallOfFame) {
     EXPECT_TRUE(okWithText);
     EXPECT_EQ(program.g.gHighScoreName, "Sakura");
     EXPECT_EQ(program.hof.GetHallOfFame(0).substr(0, 7), "Sakura,");
+}
+
+TEST_F(DialogView, TheHallOfFameShowsItsTwoPagesAndCloses) {
+    program.hof.AddHallOfFameEntry("Hikari", 150, 2, 0, 0);
+    program.hof.AddHallOfFameEntry("Kaede", 420, 6, 4, 5);
+    bool nextWasEnabled = false, prevWasEnabled = true;
+    whenShown("hall-of-fame.png", [&](QWidget* dialog) {
+        nextWasEnabled = button(dialog, "Next")->isEnabled();
+        prevWasEnabled = button(dialog, "Previous")->isEnabled();
+        button(dialog, "Next")->click();
+        dialog->grab().save(QStringLiteral(PETAL_BUILD_DIR "/hall-of-fame-tournaments.png"));
+        EXPECT_FALSE(button(dialog, "Next")->isEnabled());
+        button(dialog, "Close")->click();
+    });
+    host.dispatch([this] { program.frmMain.mnuVHallofFame_Click(); });
+    EXPECT_TRUE(nextWasEnabled);
+    EXPECT_FALSE(prevWasEnabled);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(DialogView, SetupFiltersTheRoundsAndStoresTheChoice) {

@@ -1,0 +1,77 @@
+#include "records/HofDialog.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include "assets/PictureStore.h"
+#include "records/FrmHOF.h"
+#include "shell/QtHost.h"
+
+namespace petal {
+
+HofDialog::HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget* parent)
+    : QDialog(parent), form_(form), host_(host) {
+    setWindowTitle(QString::fromStdString(form.Caption));
+    auto* layout = new QVBoxLayout(this);
+    const qreal dpr = devicePixelRatioF();
+    singleTitle_ = new QLabel(this);
+    singleTitle_->setPixmap(pictures.pixmap(pic::HofSingleTitle, dpr));
+    tournamentTitle_ = new QLabel(this);
+    tournamentTitle_->setPixmap(pictures.pixmap(pic::HofTournamentTitle, dpr));
+    layout->addWidget(singleTitle_, 0, Qt::AlignHCenter);
+    layout->addWidget(tournamentTitle_, 0, Qt::AlignHCenter);
+
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(14);
+    for (int c = 0; c < FrmHOF::kColumns; ++c) {
+        for (int r = 0; r < 11; ++r) {
+            auto* label = new QLabel(this);
+            label->setMinimumWidth(c == 0 ? 150 : 0);
+            if (r == 0) {
+                QFont bold = label->font();
+                bold.setBold(true);
+                label->setFont(bold);
+            }
+            label->setAlignment((c == 0 ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignVCenter);
+            grid->addWidget(label, r, c);
+            cells_[c][r] = label;
+        }
+    }
+    layout->addLayout(grid);
+
+    auto* buttons = new QHBoxLayout;
+    prev_ = new QPushButton(QStringLiteral("Previous"), this);
+    next_ = new QPushButton(QStringLiteral("Next"), this);
+    auto* close = new QPushButton(QStringLiteral("Close"), this);
+    buttons->addStretch();
+    for (QPushButton* b : {prev_, next_, close}) buttons->addWidget(b);
+    layout->addLayout(buttons);
+    connect(prev_, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdPrev_Click(); }); });
+    connect(next_, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdNext_Click(); }); });
+    connect(close, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdClose_Click(); }); });
+    sync();
+    setFixedSize(sizeHint());
+}
+
+void HofDialog::forward(const std::function<void()>& handler) {
+    host_.dispatch(handler);
+    if (form_.loaded()) sync();
+}
+
+void HofDialog::sync() {
+    singleTitle_->setVisible(form_.imgSingCaptionVisible);
+    tournamentTitle_->setVisible(form_.imgTourCaptionVisible);
+    for (int c = 0; c < FrmHOF::kColumns; ++c)
+        for (int r = 0; r < 11; ++r) cells_[c][r]->setText(QString::fromStdString(form_.cells[c][r]));
+    prev_->setEnabled(form_.cmdPrevEnabled);
+    next_->setEnabled(form_.cmdNextEnabled);
+}
+
+void HofDialog::reject() {
+    forward([this] { form_.cmdClose_Click(); });
+}
+
+}  // namespace petal

@@ -1,0 +1,35 @@
+#pragma once
+// Draws the Hall of Fame form: its title picture, the ten rows and the three buttons.
+#include <QDialog>
+#include <array>
+#include <functional>
+
+class QLabel;
+class QPushButton;
+
+namespace petal {
+
+class FrmHOF;
+class PictureStore;
+class QtHost;
+
+class HofDialog : public QDialog {
+    Q_OBJECT
+public:
+    HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget* parent);
+    void reject() override;
+
+private:
+    void sync();
+    void forward(const std::function<void()>& handler);
+
+    FrmHOF& form_;
+    QtHost& host_;
+    QLabel* singleTitle_;
+    QLabel* tournamentTitle_;
+    std::array<std::array<QLabel*, 11>, 7> cells_{};
+    QPushButton* prev_;
+    QPushButton* next_;
+};
+
+}  // namespace petal

@@ -1,0 +1,77 @@
+// The Hall of Fame form: two pages spread from the store's text, the blank rows, the columns
+// that follow the current game's type, and the names that spoil a row.
+#include "GameFixture.h"
+#include "records/FrmHOF.h"
+
+namespace petal::test {
+namespace {
+
+class HofView : public GameFixture {
+protected:
+    void SetUp() override { start(); }
+    FrmHOF open() {
+        FrmHOF form(program->g, program->hof);
+        form.markLoaded();
+        form.Form_Load();
+        return form;
+    }
+};
+
+TEST_F(HofView, TheSinglePageShowsItsRowsThenBlanks) {
+    for (int score : {70, 90, 80}) program->hof.AddHallOfFameEntry("N" + std::to_string(score), score, 1, 0, 0);
+    FrmHOF form = open();
+    EXPECT_EQ(form.cells[0][1], "N90");
+    EXPECT_EQ(form.cells[1][1], "11/22/2026");
+    EXPECT_EQ(form.cells[2][3], "70");
+    EXPECT_EQ(form.cells[4][1], "N/A");
+    EXPECT_EQ(form.cells[0][4], " ") << "rows past the table's end are blank";
+    EXPECT_EQ(form.cells[0][0], " PLAYER NAME");
+    EXPECT_TRUE(form.imgSingCaptionVisible);
+    EXPECT_FALSE(form.cmdPrevEnabled);
+    EXPECT_TRUE(form.cmdNextEnabled);
+}
+
+TEST_F(HofView, TheTournamentPageFollowsTheCurrentGameType) {
+    program->hof.AddHallOfFameEntry("Tomo", 120, 3, 5, 8);
+    struct Case {
+        int gameType;
+        std::array<std::string, 3> last;
+        std::string blankRnd;
+    };
+    for (const Case& c : {Case{1, {"5/8", "15", "0"}, ""}, Case{0, {"5", "8", "15"}, " "}}) {
+        program->g.gGameType = c.gameType;
+        FrmHOF form = open();
+        form.cmdNext_Click();
+        EXPECT_EQ(form.cells[0][1], "Tomo");
+        EXPECT_EQ((std::array<std::string, 3>{form.cells[4][1], form.cells[5][1], form.cells[6][1]}), c.last);
+        EXPECT_EQ(form.cells[4][2], c.blankRnd);
+        EXPECT_TRUE(form.imgTourCaptionVisible);
+        EXPECT_FALSE(form.cmdNextEnabled);
+        form.cmdPrev_Click();
+        EXPECT_EQ(form.cells[0][1], " ") << "back on the single page, which is empty";
+        EXPECT_TRUE(form.imgSingCaptionVisible);
+    }
+}
+
+TEST_F(HofView, ANameWithAColonEndsTheProgramInOrderAndACommaShiftsItsRow) {
+    program->hof.AddHallOfFameEntry("a,b", 50, 0, 0, 0);
+    FrmHOF shifted = open();
+    EXPECT_EQ(shifted.cells[1][1], "b") << "the fields of the row move right";
+    program->hof.AddHallOfFameEntry("x:y", 60, 0, 0, 0);
+    host->onMsgBox = [](const MsgBox&) { return MsgResult::OK; };
+    host->onForm = [](Form&) { FAIL() << "the form should not stand"; };
+    runHandler(*host, [this] { f->mnuVHallofFame_Click(); });
+    EXPECT_TRUE(host->ending());
+    ASSERT_EQ(host->shownBoxes().size(), 1u);
+    EXPECT_NE(host->shownBoxes()[0].text.find("\":\""), std::string::npos);
+}
+
+TEST(HofDates, DateTextsAreWrittenMonthFirstAndOtherTextStands) {
+    EXPECT_EQ(formatDate("1/2/2026"), "01/02/2026");
+    EXPECT_EQ(formatDate("12/31/1999"), "12/31/1999");
+    EXPECT_EQ(formatDate(" "), " ");
+    EXPECT_EQ(formatDate("soon"), "soon");
+}
+
+}  // namespace
+}  // namespace petal::test
