@@ -2,6 +2,7 @@
 // The Hall of Fame: the ten best single games and the ten best tournaments, in HOF.mdb beside
 // the executable, kept in SQLite. Open from start-up to shutdown.
 #include <filesystem>
+#include <functional>
 #include <string>
 
 struct sqlite3;
@@ -9,6 +10,7 @@ struct sqlite3;
 namespace petal {
 
 class Host;
+class SqliteStatement;
 
 class HallOfFame {
 public:
@@ -30,22 +32,26 @@ public:
 
     std::filesystem::path path() const;
 
+    // One table's statements, kept beside the code that sends them.
+    struct TableDef;
+
 private:
+    void createDatabase();
     void OpenExistingDatabase();
     void EnsureTable(const std::string& TableName);
-    bool createDatabase();
+
     // The records out of reach, or a failed statement, end the program in good order.
-    [[noreturn]] void fail(const std::string& operation, const std::string& reason) const;
-    sqlite3* database(const std::string& operation) const;
-    int rowCount(const std::string& table);
-    void exec(const std::string& sql, const std::string& operation);
+    [[noreturn]] void fail(const std::string& routine, const std::string& reason) const;
+    sqlite3* database(const std::string& routine) const;
+    void prepared(const SqliteStatement& statement, const std::string& routine) const;
+    void exec(const std::string& sql, const std::string& routine);
+    int rowCount(const TableDef& table, const std::string& routine);
+    void transaction(const std::string& routine, const std::function<void()>& writes);
+    void insertRow(const TableDef& table, const std::string& PlayerName, int Score, int YakuCount, int RoundsWon,
+                   int Rounds);
 
     Host& host_;
     sqlite3* gHOFDatabase_ = nullptr;
 };
-
-// An average as the table stores it: the quotient written with one decimal (half away from
-// zero), then taken to the nearest integer with an exact half going to the even neighbour.
-int storedAverage(int total, int rounds);
 
 }  // namespace petal
