@@ -50,10 +50,9 @@ void QtHost::timerRemoved(Timer& timer) {
     timers_.erase(it);
 }
 
-void QtHost::doEvents() {
-    if (onModelChanged) onModelChanged();
-    QCoreApplication::processEvents(QEventLoop::AllEvents);
-}
+// No redraw is asked for here: the game pumps in loops of thousands of passes, and a repaint
+// per pass would stall it. Handlers, waits and boxes ask for one instead.
+void QtHost::doEvents() { QCoreApplication::processEvents(QEventLoop::AllEvents); }
 
 void QtHost::waitUntil(const std::function<bool()>& done) {
     if (onModelChanged) onModelChanged();

@@ -4,6 +4,7 @@
 #include <sys/resource.h>
 
 #include <QElapsedTimer>
+#include <QWidget>
 
 #include "shell/QtHost.h"
 #include "shell/Timer.h"
@@ -48,6 +49,25 @@ TEST(QtHost, ATickNeverStartsInsideItsOwnPreviousTick) {
     busy.setEnabled(true);
     host.waitUntil([&] { return ticks >= 3; });
     EXPECT_EQ(deepest, 1);
+}
+
+// The game pumps ten thousand passes after "Do you want to play again?": passes must not
+// each redraw the table, or the answer takes seconds to act.
+TEST(QtHost, PumpingEventsDoesNotRedrawEachPass) {
+    struct Counting : QWidget {
+        int paints = 0;
+        void paintEvent(QPaintEvent*) override { ++paints; }
+    } table;
+    table.resize(200, 100);
+    table.show();
+    QtHost host("/tmp");
+    host.onModelChanged = [&table] { table.update(); };
+    host.refresh();
+    QElapsedTimer clock;
+    clock.start();
+    for (int pass = 0; pass < 10000; ++pass) host.doEvents();
+    EXPECT_LE(table.paints, 3);
+    EXPECT_LT(clock.elapsed(), 1000);
 }
 
 }  // namespace
