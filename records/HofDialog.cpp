@@ -13,7 +13,7 @@
 namespace petal {
 
 HofDialog::HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget* parent)
-    : QDialog(parent), form_(form), host_(host) {
+    : FormDialog(form, host, parent), form_(form) {
     setWindowTitle(QString::fromStdString(form.Caption));
     auto* layout = new QVBoxLayout(this);
     const qreal dpr = devicePixelRatioF();
@@ -49,16 +49,11 @@ HofDialog::HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget
     buttons->addStretch();
     for (QPushButton* b : {prev_, next_, close}) buttons->addWidget(b);
     layout->addLayout(buttons);
-    connect(prev_, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdPrev_Click(); }); });
-    connect(next_, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdNext_Click(); }); });
-    connect(close, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdClose_Click(); }); });
+    onClick(prev_, [this] { form_.cmdPrev_Click(); });
+    onClick(next_, [this] { form_.cmdNext_Click(); });
+    onClick(close, [this] { form_.cmdClose_Click(); });
     sync();
     setFixedSize(sizeHint());
-}
-
-void HofDialog::forward(const std::function<void()>& handler) {
-    host_.dispatch(handler);
-    if (form_.loaded()) sync();
 }
 
 void HofDialog::sync() {

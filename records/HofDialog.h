@@ -1,8 +1,8 @@
 #pragma once
 // Draws the Hall of Fame form: its title picture, the ten rows and the three buttons.
-#include <QDialog>
 #include <array>
-#include <functional>
+
+#include "shell/FormDialog.h"
 
 class QLabel;
 class QPushButton;
@@ -13,18 +13,16 @@ class FrmHOF;
 class PictureStore;
 class QtHost;
 
-class HofDialog : public QDialog {
+class HofDialog : public FormDialog {
     Q_OBJECT
 public:
     HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget* parent);
     void reject() override;
 
 private:
-    void sync();
-    void forward(const std::function<void()>& handler);
+    void sync() override;
 
     FrmHOF& form_;
-    QtHost& host_;
     QLabel* singleTitle_;
     QLabel* tournamentTitle_;
     std::array<std::array<QLabel*, 11>, 7> cells_{};

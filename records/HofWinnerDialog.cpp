@@ -12,7 +12,7 @@
 namespace petal {
 
 HofWinnerDialog::HofWinnerDialog(FrmHOFWinner& form, QtHost& host, PictureStore& pictures, QWidget* parent)
-    : QDialog(parent), form_(form), host_(host), name_(new QLineEdit(this)), ok_(new QPushButton(QStringLiteral("OK"), this)) {
+    : FormDialog(form, host, parent), form_(form), name_(new QLineEdit(this)), ok_(new QPushButton(QStringLiteral("OK"), this)) {
     setWindowTitle(QString::fromStdString(form.Caption));
     auto* layout = new QGridLayout(this);
     auto* picture = new QLabel(this);
@@ -29,16 +29,16 @@ HofWinnerDialog::HofWinnerDialog(FrmHOFWinner& form, QtHost& host, PictureStore&
     layout->addWidget(ok_, 3, 1);
     layout->addWidget(cancel, 3, 2);
     connect(name_, &QLineEdit::textEdited, this, [this](const QString& text) {
-        host_.dispatch([this, text] { form_.setTxtHOFName(text.toStdString()); });
+        forward([this, text] { form_.setTxtHOFName(text.toStdString()); });
         ok_->setEnabled(form_.cmdOKEnabled());
     });
-    connect(ok_, &QPushButton::clicked, this, [this] { host_.dispatch([this] { form_.cmdOK_Click(); }); });
-    connect(cancel, &QPushButton::clicked, this, [this] { host_.dispatch([this] { form_.cmdCancel_Click(); }); });
+    onClick(ok_, [this] { form_.cmdOK_Click(); });
+    onClick(cancel, [this] { form_.cmdCancel_Click(); });
     setFixedSize(sizeHint());
 }
 
 void HofWinnerDialog::reject() {
-    host_.dispatch([this] { form_.cmdCancel_Click(); });
+    forward([this] { form_.cmdCancel_Click(); });
 }
 
 }  // namespace petal

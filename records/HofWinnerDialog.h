@@ -1,6 +1,6 @@
 #pragma once
 // Draws the name form of a Hall of Fame entry and forwards the typing and the buttons.
-#include <QDialog>
+#include "shell/FormDialog.h"
 
 class QLineEdit;
 class QPushButton;
@@ -11,7 +11,7 @@ class FrmHOFWinner;
 class PictureStore;
 class QtHost;
 
-class HofWinnerDialog : public QDialog {
+class HofWinnerDialog : public FormDialog {
     Q_OBJECT
 public:
     HofWinnerDialog(FrmHOFWinner& form, QtHost& host, PictureStore& pictures, QWidget* parent);
@@ -19,7 +19,6 @@ public:
 
 private:
     FrmHOFWinner& form_;
-    QtHost& host_;
     QLineEdit* name_;
     QPushButton* ok_;
 };

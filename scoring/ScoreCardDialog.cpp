@@ -16,7 +16,7 @@ constexpr int kTwips = 15;
 }
 
 ScoreCardDialog::ScoreCardDialog(FrmScoreCard& form, QtHost& host, QWidget* parent)
-    : QDialog(parent), form_(form), host_(host), heading_(new QLabel(this)), grid_(new QTableWidget(this)) {
+    : FormDialog(form, host, parent), form_(form), heading_(new QLabel(this)), grid_(new QTableWidget(this)) {
     setWindowTitle(QStringLiteral("Score Card"));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 6);
@@ -42,7 +42,7 @@ ScoreCardDialog::ScoreCardDialog(FrmScoreCard& form, QtHost& host, QWidget* pare
     ok->setDefault(true);
     ok->setFixedWidth(80);
     layout->addWidget(ok, 0, Qt::AlignHCenter);
-    connect(ok, &QPushButton::clicked, this, [this] { host_.dispatch([this] { form_.cmdOK_Click(); }); });
+    onClick(ok, [this] { form_.cmdOK_Click(); });
     fill();
 }
 
@@ -77,7 +77,7 @@ void ScoreCardDialog::fill() {
 }
 
 void ScoreCardDialog::reject() {
-    host_.dispatch([this] { form_.Unload(true); });
+    forward([this] { form_.Unload(true); });
 }
 
 }  // namespace petal

@@ -1,6 +1,6 @@
 #pragma once
 // Draws the score card model: the heading, the grid, and OK.
-#include <QDialog>
+#include "shell/FormDialog.h"
 
 class QLabel;
 class QTableWidget;
@@ -10,7 +10,7 @@ namespace petal {
 class FrmScoreCard;
 class QtHost;
 
-class ScoreCardDialog : public QDialog {
+class ScoreCardDialog : public FormDialog {
     Q_OBJECT
 public:
     ScoreCardDialog(FrmScoreCard& form, QtHost& host, QWidget* parent);
@@ -20,7 +20,6 @@ private:
     void fill();
 
     FrmScoreCard& form_;
-    QtHost& host_;
     QLabel* heading_;
     QTableWidget* grid_;
 };

@@ -32,7 +32,7 @@ void paintBox(QLineEdit* box, const SetupTextBox& model) {
 }  // namespace
 
 SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, QWidget* parent)
-    : QDialog(parent), form_(form), host_(host) {
+    : FormDialog(form, host, parent), form_(form) {
     setWindowTitle(QStringLiteral("Setup"));
     auto* top = new QGridLayout(this);
 
@@ -42,7 +42,7 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     for (int i = 0; i < 2; ++i) {
         gameType_[i] = new QRadioButton(QString::fromLatin1(types[i]), frame1);
         typeLayout->addWidget(gameType_[i], i, 0, 1, 2);
-        connect(gameType_[i], &QRadioButton::clicked, this, [this, i] { forward([this, i] { form_.selectGameType(i); }); });
+        onClick(gameType_[i], [this, i] { form_.selectGameType(i); });
     }
     roundsLabel_ = new QLabel(QStringLiteral("Rounds"), frame1);
     rounds_ = new QLineEdit(frame1);
@@ -68,7 +68,7 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     for (int i = 0; i < 3; ++i) {
         game_[i] = new QRadioButton(QString::fromLatin1(modes[i]), frame2);
         modeLayout->addWidget(game_[i], i, 0, 1, 2);
-        connect(game_[i], &QRadioButton::clicked, this, [this, i] { forward([this, i] { form_.selectGame(i); }); });
+        onClick(game_[i], [this, i] { form_.selectGame(i); });
     }
     hostIP_ = new QLineEdit(frame2);
     hostIP_->setMaxLength(static_cast<int>(form.txtHostIP.MaxLength));
@@ -88,15 +88,10 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     connect(rounds_, &QLineEdit::textChanged, this, [this](const QString& t) { form_.setText(form_.txtRounds, t.toStdString()); });
     connect(hostIP_, &QLineEdit::textChanged, this, [this](const QString& t) { form_.setText(form_.txtHostIP, t.toStdString()); });
     connect(yaku_, &QCheckBox::toggled, this, [this](bool on) { form_.chkUseYaku = on ? 1 : 0; });
-    connect(ok, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdOK_Click(); }); });
-    connect(cancel, &QPushButton::clicked, this, [this] { forward([this] { form_.cmdCancel_Click(); }); });
+    onClick(ok, [this] { form_.cmdOK_Click(); });
+    onClick(cancel, [this] { form_.cmdCancel_Click(); });
     sync();
     setFixedSize(sizeHint());
-}
-
-void SetupDialog::forward(const std::function<void()>& handler) {
-    host_.dispatch(handler);
-    if (form_.loaded()) sync();
 }
 
 // Brings the widgets in line with the model, and puts the focus where validation asked.

@@ -1,6 +1,6 @@
 #pragma once
 // Draws the setup model and forwards clicks, typing and the two buttons.
-#include <QDialog>
+#include "shell/FormDialog.h"
 
 class QCheckBox;
 class QLabel;
@@ -13,7 +13,7 @@ class FrmSetup;
 class PictureStore;
 class QtHost;
 
-class SetupDialog : public QDialog {
+class SetupDialog : public FormDialog {
     Q_OBJECT
 public:
     SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, QWidget* parent);
@@ -23,11 +23,9 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void sync();
-    void forward(const std::function<void()>& handler);
+    void sync() override;
 
     FrmSetup& form_;
-    QtHost& host_;
     QRadioButton* gameType_[2];
     QRadioButton* game_[3];
     QLabel* roundsLabel_;
