@@ -81,7 +81,8 @@ public:
     void Picture1_MouseMove() { restoreArrow(); }
     void Picture2_MouseMove() { restoreArrow(); }
 
-    // The one call for sounds. The game is silent: the calls and file names stand ready for sounds.
+    // The one call for sounds. Nothing is played: the calls and file names stand ready, and the
+    // last path asked for is kept for tests.
     void PlaySound(const std::string& path) { lastSound_ = path; }
     const std::string& lastSound() const { return lastSound_; }
     std::string programFile(const std::string& name) const;
