@@ -18,10 +18,11 @@ void FrmSetup::Form_Load() {
     mLoading = true;
     f_.settings.ReadSettings();  // fails only if the file has gone
     selectGameType(f_.g.gGameType);
-    setText(txtRounds, std::to_string(f_.g.gRounds));
+    // Set by the program, the boxes take the whole text: their limits hold for typing only.
+    txtRounds.Text = std::to_string(f_.g.gRounds);
     chkUseYaku = f_.g.gUseYaku ? 1 : 0;
     selectGame(f_.g.gPlayMode);
-    setText(txtHostIP, f_.g.gHostIP);
+    txtHostIP.Text = f_.g.gHostIP;
 }
 
 void FrmSetup::selectGameType(int index) {

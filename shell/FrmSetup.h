@@ -50,6 +50,7 @@ public:
     void optGame_Click(int Index);
     // Digits and backspace pass; any other key is swallowed (0).
     static int txtRounds_KeyPress(int KeyAscii);
+    // The user's edit of a box, which holds at most MaxLength characters.
     void setText(SetupTextBox& box, const std::string& text);
     bool FormValidation();
     void cmdOK_Click();

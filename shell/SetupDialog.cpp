@@ -46,7 +46,6 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     }
     roundsLabel_ = new QLabel(QStringLiteral("Rounds"), frame1);
     rounds_ = new QLineEdit(frame1);
-    rounds_->setMaxLength(static_cast<int>(form.txtRounds.MaxLength));
     rounds_->setFixedWidth(40);
     rounds_->installEventFilter(this);
     typeLayout->addWidget(roundsLabel_, 2, 0);
@@ -71,7 +70,6 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
         onClick(game_[i], [this, i] { form_.selectGame(i); });
     }
     hostIP_ = new QLineEdit(frame2);
-    hostIP_->setMaxLength(static_cast<int>(form.txtHostIP.MaxLength));
     modeLayout->addWidget(new QLabel(QStringLiteral("Host IP"), frame2), 3, 0);
     modeLayout->addWidget(hostIP_, 3, 1);
     top->addWidget(frame2, 1, 0, 1, 2);
@@ -85,8 +83,12 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     buttons->addWidget(cancel);
     top->addLayout(buttons, 2, 0, 1, 2);
 
-    connect(rounds_, &QLineEdit::textChanged, this, [this](const QString& t) { form_.setText(form_.txtRounds, t.toStdString()); });
-    connect(hostIP_, &QLineEdit::textChanged, this, [this](const QString& t) { form_.setText(form_.txtHostIP, t.toStdString()); });
+    // The model keeps the length limits, which hold for the user's edits only: an over-long
+    // edit comes back cut, as a limited box would have taken it.
+    connect(rounds_, &QLineEdit::textEdited, this,
+            [this](const QString& t) { forward([this, t] { form_.setText(form_.txtRounds, t.toStdString()); }); });
+    connect(hostIP_, &QLineEdit::textEdited, this,
+            [this](const QString& t) { forward([this, t] { form_.setText(form_.txtHostIP, t.toStdString()); }); });
     connect(yaku_, &QCheckBox::toggled, this, [this](bool on) { form_.chkUseYaku = on ? 1 : 0; });
     onClick(ok, [this] { form_.cmdOK_Click(); });
     onClick(cancel, [this] { form_.cmdCancel_Click(); });

@@ -114,6 +114,16 @@ TEST_F(Setup, RoundsAreCheckedOnlyForATournament) {
     EXPECT_FALSE(f->menu.mnuVScore.Enabled);
 }
 
+TEST_F(Setup, ARoundsValueFromTheFileIsShownWhole) {
+    f->settings.WriteSettings(1, 100, -1, 0);
+    openSetup([](FrmSetup& d) {
+        EXPECT_EQ(d.txtRounds.Text, "100") << "the two-character limit holds for typing only";
+        d.setText(d.txtRounds, "123");
+        EXPECT_EQ(d.txtRounds.Text, "12");
+        d.cmdCancel_Click();
+    });
+}
+
 TEST_F(Setup, OnlyDigitsAndBackspaceAreTyped) {
     EXPECT_EQ(FrmSetup::txtRounds_KeyPress('7'), '7');
     EXPECT_EQ(FrmSetup::txtRounds_KeyPress(8), 8);
