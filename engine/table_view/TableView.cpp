@@ -131,8 +131,12 @@ void TableView::paintItem(QPainter& painter, const Item& item, QPointF origin) {
             const auto& box = static_cast<const PictureBox&>(*item.control);
             if (box.Picture != NoPicture)
                 painter.drawPixmap(area.topLeft(), pictures_.pixmap(box.Picture, area.size().toSize(), dpr));
-            else
-                painter.fillRect(area, QColor(28, 22, 30, 235));
+            else {
+                // The yaku panel has no picture: a lacquer plate with a gold rim, like the others.
+                painter.setPen(QPen(QColor(196, 160, 84), 1.5));
+                painter.setBrush(QColor(34, 24, 22, 240));
+                painter.drawRoundedRect(area.adjusted(0.75, 0.75, -0.75, -0.75), 4, 4);
+            }
             break;
         }
         case Kind::Shape: {
