@@ -5,16 +5,9 @@
 
 #include "assets/PictureStore.h"
 #include "engine/table_view/TableView.h"
-#include "records/FrmHOF.h"
-#include "records/FrmHOFWinner.h"
-#include "records/HofDialog.h"
-#include "records/HofWinnerDialog.h"
-#include "scoring/FrmScoreCard.h"
-#include "scoring/ScoreCardDialog.h"
 #include "shell/FatalError.h"
-#include "shell/FrmSetup.h"
+#include "shell/FormDialogs.h"
 #include "shell/MainWindow.h"
-#include "shell/SetupDialog.h"
 #include "shell/Program.h"
 #include "shell/QtHost.h"
 
@@ -31,18 +24,7 @@ int main(int argc, char** argv) {
     petal::MainWindow window(program.frmMain, host, pictures);
     host.setMainWidget(&window);
     host.onModelChanged = [&window] { window.sync(); };
-    host.registerDialog("frmScoreCard", [&host](petal::Form& form, QWidget* parent) {
-        return new petal::ScoreCardDialog(static_cast<petal::FrmScoreCard&>(form), host, parent);
-    });
-    host.registerDialog("frmHOFWinner", [&host, &pictures](petal::Form& form, QWidget* parent) {
-        return new petal::HofWinnerDialog(static_cast<petal::FrmHOFWinner&>(form), host, pictures, parent);
-    });
-    host.registerDialog("frmHOF", [&host, &pictures](petal::Form& form, QWidget* parent) {
-        return new petal::HofDialog(static_cast<petal::FrmHOF&>(form), host, pictures, parent);
-    });
-    host.registerDialog("frmSetup", [&host, &pictures](petal::Form& form, QWidget* parent) {
-        return new petal::SetupDialog(static_cast<petal::FrmSetup&>(form), host, pictures, parent);
-    });
+    petal::registerFormDialogs(host, pictures);
     host.onMousePointer = [&window](int pointer) { window.table()->applyMousePointer(pointer); };
     petal::runHandler(host, [&program] { program.Main(); });
     if (host.ending()) return 0;

@@ -12,15 +12,10 @@
 
 #include "GameFixture.h"
 #include "assets/PictureStore.h"
-#include "records/FrmHOF.h"
 #include "records/FrmHOFWinner.h"
-#include "records/HofDialog.h"
-#include "records/HofWinnerDialog.h"
 #include "scoring/FrmScoreCard.h"
-#include "scoring/ScoreCardDialog.h"
-#include "shell/FrmSetup.h"
+#include "shell/FormDialogs.h"
 #include "shell/QtHost.h"
-#include "shell/SetupDialog.h"
 
 namespace petal::test {
 namespace {
@@ -28,18 +23,7 @@ namespace {
 class DialogView : public ::testing::Test {
 protected:
     void SetUp() override {
-        host.registerDialog("frmScoreCard", [this](Form& form, QWidget* parent) {
-            return new ScoreCardDialog(static_cast<FrmScoreCard&>(form), host, parent);
-        });
-        host.registerDialog("frmHOFWinner", [this](Form& form, QWidget* parent) {
-            return new HofWinnerDialog(static_cast<FrmHOFWinner&>(form), host, pictures, parent);
-        });
-        host.registerDialog("frmHOF", [this](Form& form, QWidget* parent) {
-            return new HofDialog(static_cast<FrmHOF&>(form), host, pictures, parent);
-        });
-        host.registerDialog("frmSetup", [this](Form& form, QWidget* parent) {
-            return new SetupDialog(static_cast<FrmSetup&>(form), host, pictures, parent);
-        });
+        registerFormDialogs(host, pictures);
         runHandler(host, [this] { program.Main(); });
     }
     // Once the modal dialog stands: save its picture, then act on it as the user.

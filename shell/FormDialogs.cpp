@@ -1,0 +1,30 @@
+#include "shell/FormDialogs.h"
+
+#include "records/FrmHOF.h"
+#include "records/FrmHOFWinner.h"
+#include "records/HofDialog.h"
+#include "records/HofWinnerDialog.h"
+#include "scoring/FrmScoreCard.h"
+#include "scoring/ScoreCardDialog.h"
+#include "shell/FrmSetup.h"
+#include "shell/QtHost.h"
+#include "shell/SetupDialog.h"
+
+namespace petal {
+
+void registerFormDialogs(QtHost& host, PictureStore& pictures) {
+    host.registerDialog("frmScoreCard", [&host](Form& form, QWidget* parent) {
+        return new ScoreCardDialog(static_cast<FrmScoreCard&>(form), host, parent);
+    });
+    host.registerDialog("frmHOFWinner", [&host, &pictures](Form& form, QWidget* parent) {
+        return new HofWinnerDialog(static_cast<FrmHOFWinner&>(form), host, pictures, parent);
+    });
+    host.registerDialog("frmHOF", [&host, &pictures](Form& form, QWidget* parent) {
+        return new HofDialog(static_cast<FrmHOF&>(form), host, pictures, parent);
+    });
+    host.registerDialog("frmSetup", [&host, &pictures](Form& form, QWidget* parent) {
+        return new SetupDialog(static_cast<FrmSetup&>(form), host, pictures, parent);
+    });
+}
+
+}  // namespace petal
