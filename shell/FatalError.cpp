@@ -1,6 +1,7 @@
 #include "shell/FatalError.h"
 
 #include "shell/Host.h"
+#include "shell/SimHost.h"
 
 namespace petal {
 
@@ -21,6 +22,10 @@ void runHandler(Host& host, const std::function<void()>& handler) {
         endWith(host, "Petalgarden", std::string("Subscript out of range (") + e.what() + ").");
     } catch (const std::bad_alloc&) {
         endWith(host, "Petalgarden", "Out of memory.");
+    } catch (const UnexpectedPrompt&) {
+        throw;  // a test's script did not expect this: the test fails
+    } catch (const std::exception& e) {
+        endWith(host, "Petalgarden", std::string("The program cannot go on: ") + e.what());
     }
 }
 
