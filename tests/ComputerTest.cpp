@@ -16,36 +16,36 @@ protected:
     void tick() { host->advance(500); }
 };
 
-TEST_F(Computer, WithoutAMatchTheCheapestCardInTheHighestSlotGoes) {
-    dealWith({}, {2, 4, 10, 14, 18, 22, 26, 30}, {44, 45, 46, 47, 40, 41, 42, 39});
-    f->computer.CompSelectCard();
-    EXPECT_EQ(f->m.mCompCard, 7);
-    EXPECT_EQ(f->m.mCompDeckPos, 15);
-    EXPECT_EQ(f->ctl.imgCCard[7].Picture, pic::card(30)) << "turned face up";
-    EXPECT_EQ(f->ctl.imgCCard[7].Tag, "-1");
-    EXPECT_EQ(visibleTableFrames(), 0);
-}
-
-TEST_F(Computer, EqualCapturesGiveTheLowerSlotAndFrameTheirMatches) {
-    dealWith({}, {0, 8, 14, 18, 22, 26, 30, 34}, {2, 10, 44, 45, 46, 47, 40, 41});
-    f->computer.CompSelectCard();
-    EXPECT_EQ(f->m.mCompCard, 0);
-    EXPECT_EQ(framedSlots(), std::vector<int>{0});
-    EXPECT_EQ(f->ctl.shpTHilite[0].BorderColor, 0xFF0000u) << "framed in the colour of the side on turn";
-}
-
-TEST_F(Computer, OnlyTheSumOfBothCardsCounts) {
-    // 5 + 10 = 15 against 20 + 0 = 20.
-    dealWith({}, {12, 0, 18, 22, 26, 30, 34, 38}, {13, 2, 44, 45, 46, 47, 40, 41});
-    f->computer.CompSelectCard();
-    EXPECT_EQ(f->m.mCompCard, 1);
-}
-
-TEST_F(Computer, CapturesWorthNothingAreNoReasonToPlay) {
-    dealWith({}, {2, 4, 30, 5, 9, 17, 21, 25}, {3, 44, 45, 46, 47, 40, 41, 42});
-    f->computer.CompSelectCard();
-    EXPECT_EQ(f->m.mCompCard, 2) << "the last card of 0 points, though it has no match";
-    EXPECT_EQ(visibleTableFrames(), 0);
+TEST_F(Computer, TheSelectionTakesTheBestCaptureOrElseTheCheapestCard) {
+    struct Case {
+        const char* rule;
+        std::initializer_list<int> hand, table;
+        int playedSlot;  // cleared before the choice, or -1
+        int chosen;
+        std::vector<int> framed;
+    };
+    const Case cases[] = {
+        {"no match: the cheapest card, the highest slot of equals", {2, 4, 10, 14, 18, 22, 26, 30},
+         {44, 45, 46, 47, 40, 41, 42, 39}, -1, 7, {}},
+        {"equal captures: the lower slot, its matches framed", {0, 8, 14, 18, 22, 26, 30, 34},
+         {2, 10, 44, 45, 46, 47, 40, 41}, -1, 0, {0}},
+        {"a played slot is skipped", {0, 8, 14, 18, 22, 26, 30, 34}, {2, 10, 44, 45, 46, 47, 40, 41}, 0, 1, {1}},
+        {"only the sum counts: 20 + 0 beats 5 + 10", {12, 0, 18, 22, 26, 30, 34, 38}, {13, 2, 44, 45, 46, 47, 40, 41},
+         -1, 1, {1}},
+        {"captures worth nothing: the last 0-point card, matched or not", {2, 4, 30, 5, 9, 17, 21, 25},
+         {3, 44, 45, 46, 47, 40, 41, 42}, -1, 2, {}},
+    };
+    for (const Case& c : cases) {
+        restart();
+        dealWith({}, c.hand, c.table);
+        if (c.playedSlot >= 0) f->ctl.imgCCard[c.playedSlot].clearCard();
+        f->computer.CompSelectCard();
+        EXPECT_EQ(f->m.mCompCard, c.chosen) << c.rule;
+        EXPECT_EQ(f->m.mCompDeckPos, 8 + c.chosen) << c.rule;
+        EXPECT_EQ(f->ctl.imgCCard[c.chosen].Picture, f->m.mCards[8 + c.chosen].Picture) << "turned face up";
+        EXPECT_EQ(f->ctl.imgCCard[c.chosen].Tag, "-1");
+        EXPECT_EQ(framedSlots(), c.framed) << c.rule;
+    }
 }
 
 TEST_F(Computer, TheWildCardIsWorthTheBestCardOnTheTable) {
@@ -60,13 +60,6 @@ TEST_F(Computer, TheWildCardIsWorthTheBestCardOnTheTable) {
     EXPECT_TRUE(f->ctl.panel[1].imgGagi.Visible);
     EXPECT_EQ(tagOf(f->ctl.panel[1].imgGagi), 17);
     EXPECT_EQ(visibleTableFrames(), 0);
-}
-
-TEST_F(Computer, APlayedSlotIsSkipped) {
-    dealWith({}, {0, 8, 14, 18, 22, 26, 30, 34}, {2, 10, 44, 45, 46, 47, 40, 41});
-    f->ctl.imgCCard[0].clearCard();
-    f->computer.CompSelectCard();
-    EXPECT_EQ(f->m.mCompCard, 1);
 }
 
 TEST_F(Computer, TheDropTakesTheMostValuableMatch) {

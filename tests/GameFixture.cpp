@@ -28,6 +28,12 @@ void GameFixture::start() {
     program->Main();
 }
 
+void GameFixture::restart() {
+    program.reset();
+    host = std::make_unique<SimHost>(dir.path());
+    start();
+}
+
 void GameFixture::dealWith(std::initializer_list<int> hand, std::initializer_list<int> opposite,
                            std::initializer_list<int> table, std::initializer_list<int> deck) {
     const std::vector<int> zones[4] = {hand, opposite, table, deck};

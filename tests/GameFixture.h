@@ -34,6 +34,8 @@ protected:
 
     // Starts the program: the Hall of Fame, then the main form's load.
     void start();
+    // A fresh host and program in the same folder, started again.
+    void restart();
     // Deals with the given catalogue indices at positions 0.. (the rest follow in catalogue
     // order): the local hand, the opposite hand, the table, then the deck.
     void dealWith(std::initializer_list<int> hand, std::initializer_list<int> opposite,

@@ -39,11 +39,6 @@ protected:
             }
         }
     }
-    void restart() {
-        program.reset();
-        host = std::make_unique<SimHost>(dir.path());
-        start();
-    }
     struct Counter : GameEvents {
         int* ended;
         explicit Counter(int* e) : ended(e) {}

@@ -85,7 +85,14 @@ int checkTrace(const std::string& trace, bool yaku) {
     return ended;
 }
 
-TEST(SimTrace, SingleGamesConserveTheirCardsAndScoreTheirCaptures) {
+// Runs the headless player; returns its output, failing the test on an error.
+std::string run(sim::PlayOptions options) {
+    std::ostringstream out, err;
+    EXPECT_EQ(sim::play(options, out, err), 0) << err.str();
+    return out.str();
+}
+
+TEST(SimTrace, SingleGamesAndTournamentsConserveTheirCardsAndScoreTheirCaptures) {
     for (bool yaku : {true, false}) {
         sim::PlayOptions options;
         options.deals = 6;
@@ -93,28 +100,19 @@ TEST(SimTrace, SingleGamesConserveTheirCardsAndScoreTheirCaptures) {
         options.trace = true;
         options.randomPolicy = true;
         options.policySeed = 7;
-        std::ostringstream out, err;
-        ASSERT_EQ(sim::play(options, out, err), 0) << err.str();
-        EXPECT_EQ(checkTrace(out.str(), yaku), 6);
+        EXPECT_EQ(checkTrace(run(options), yaku), 6);
     }
-}
-
-TEST(SimTrace, TournamentsRunRoundAfterRound) {
-    sim::PlayOptions options;
-    options.deals = 5;
-    options.tournamentRounds = 2;
-    options.trace = true;
-    std::ostringstream out, err;
-    ASSERT_EQ(sim::play(options, out, err), 0) << err.str();
-    EXPECT_EQ(checkTrace(out.str(), true), 5);
+    sim::PlayOptions tournament;
+    tournament.deals = 5;
+    tournament.tournamentRounds = 2;
+    tournament.trace = true;
+    EXPECT_EQ(checkTrace(run(tournament), true), 5);
 }
 
 TEST(SimTrace, WithoutTraceOnlyTheSummaryIsPrinted) {
     sim::PlayOptions options;
     options.deals = 3;
-    std::ostringstream out, err;
-    ASSERT_EQ(sim::play(options, out, err), 0) << err.str();
-    const std::string text = out.str();
+    const std::string text = run(options);
     EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 1);
     EXPECT_EQ(text.rfind("{\"ev\":\"summary\",\"deals\":3,", 0), 0u) << text;
 }
