@@ -6,7 +6,7 @@
 #include "engine/SeedText.h"
 #include "scoring/YakuImageLists.h"
 #include "shell/FrmMain.h"
-#include "shell/Host.h"
+#include "platform/Host.h"
 
 namespace petal {
 

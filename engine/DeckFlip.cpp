@@ -2,7 +2,7 @@
 
 #include "cards/FrmCards.h"
 #include "shell/FrmMain.h"
-#include "shell/Host.h"
+#include "platform/Host.h"
 
 namespace petal {
 

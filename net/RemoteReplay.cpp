@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "cards/Val.h"
-#include "shell/FatalError.h"
+#include "platform/FatalError.h"
 #include "shell/FrmMain.h"
 
 namespace petal {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/Form.h"
+#include "platform/Form.h"
 
 namespace petal {
 

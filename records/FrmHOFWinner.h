@@ -2,7 +2,7 @@
 // The form that asks a winner for a Hall of Fame name and stores the row.
 #include <string>
 
-#include "shell/Form.h"
+#include "platform/Form.h"
 
 namespace petal {
 

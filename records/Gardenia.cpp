@@ -11,8 +11,8 @@
 
 #include "cards/Globals.h"
 #include "cards/Val.h"
-#include "shell/FatalError.h"
-#include "shell/Host.h"
+#include "platform/FatalError.h"
+#include "platform/Host.h"
 
 namespace petal {
 

@@ -6,8 +6,8 @@
 #include <cstdlib>
 
 #include "records/SqliteStatement.h"
-#include "shell/FatalError.h"
-#include "shell/Host.h"
+#include "platform/FatalError.h"
+#include "platform/Host.h"
 
 namespace petal {
 

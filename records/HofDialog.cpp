@@ -8,7 +8,7 @@
 
 #include "assets/PictureStore.h"
 #include "records/FrmHOF.h"
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 
 namespace petal {
 

@@ -2,7 +2,7 @@
 // Draws the Hall of Fame form: its title picture, the ten rows and the three buttons.
 #include <array>
 
-#include "shell/FormDialog.h"
+#include "platform/qt/FormDialog.h"
 
 class QLabel;
 class QPushButton;

@@ -7,7 +7,7 @@
 
 #include "assets/PictureStore.h"
 #include "records/FrmHOFWinner.h"
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 
 namespace petal {
 

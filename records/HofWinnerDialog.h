@@ -1,6 +1,6 @@
 #pragma once
 // Draws the name form of a Hall of Fame entry and forwards the typing and the buttons.
-#include "shell/FormDialog.h"
+#include "platform/qt/FormDialog.h"
 
 class QLineEdit;
 class QPushButton;

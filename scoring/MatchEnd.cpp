@@ -9,7 +9,7 @@
 #include "records/HallOfFame.h"
 #include "scoring/FrmScoreCard.h"
 #include "shell/FrmMain.h"
-#include "shell/Host.h"
+#include "platform/Host.h"
 
 namespace petal {
 

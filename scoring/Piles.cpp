@@ -3,7 +3,7 @@
 #include "cards/FrmCards.h"
 #include "cards/Val.h"
 #include "shell/FrmMain.h"
-#include "shell/Host.h"
+#include "platform/Host.h"
 
 namespace petal {
 

@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 
 #include "scoring/FrmScoreCard.h"
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 
 namespace petal {
 

@@ -1,6 +1,6 @@
 #pragma once
 // Draws the score card model: the heading, the grid, and OK.
-#include "shell/FormDialog.h"
+#include "platform/qt/FormDialog.h"
 
 class QLabel;
 class QTableWidget;

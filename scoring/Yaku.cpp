@@ -4,7 +4,7 @@
 #include "cards/Val.h"
 #include "scoring/YakuImageLists.h"
 #include "shell/FrmMain.h"
-#include "shell/Host.h"
+#include "platform/Host.h"
 
 namespace petal {
 

@@ -7,7 +7,7 @@
 #include "scoring/FrmScoreCard.h"
 #include "scoring/ScoreCardDialog.h"
 #include "shell/FrmSetup.h"
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 #include "shell/SetupDialog.h"
 
 namespace petal {

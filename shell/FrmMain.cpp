@@ -3,9 +3,9 @@
 #include "records/FrmHOF.h"
 #include "records/HallOfFame.h"
 #include "scoring/FrmScoreCard.h"
-#include "shell/FatalError.h"
+#include "platform/FatalError.h"
 #include "shell/FrmSetup.h"
-#include "shell/Host.h"
+#include "platform/Host.h"
 
 namespace petal {
 

@@ -18,7 +18,7 @@
 #include "scoring/Yaku.h"
 #include "shell/GameEvents.h"
 #include "shell/MenuModel.h"
-#include "shell/Timer.h"
+#include "platform/Timer.h"
 
 namespace petal {
 

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-#include "shell/Form.h"
+#include "platform/Form.h"
 
 namespace petal {
 

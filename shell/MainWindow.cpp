@@ -6,7 +6,7 @@
 
 #include "engine/table_view/TableView.h"
 #include "shell/FrmMain.h"
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 
 namespace petal {
 

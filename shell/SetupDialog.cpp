@@ -12,7 +12,7 @@
 
 #include "assets/PictureStore.h"
 #include "shell/FrmSetup.h"
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 
 namespace petal {
 

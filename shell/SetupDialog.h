@@ -1,6 +1,6 @@
 #pragma once
 // Draws the setup model and forwards clicks, typing and the two buttons.
-#include "shell/FormDialog.h"
+#include "platform/qt/FormDialog.h"
 
 class QCheckBox;
 class QLabel;

@@ -5,11 +5,11 @@
 
 #include "assets/PictureStore.h"
 #include "engine/table_view/TableView.h"
-#include "shell/FatalError.h"
+#include "platform/FatalError.h"
 #include "shell/FormDialogs.h"
 #include "shell/MainWindow.h"
 #include "shell/Program.h"
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);

@@ -15,7 +15,7 @@
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
 #include "shell/FormDialogs.h"
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 
 namespace petal::test {
 namespace {

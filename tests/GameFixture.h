@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "cards/FrmCards.h"
-#include "shell/FatalError.h"
-#include "shell/Form.h"
+#include "platform/FatalError.h"
+#include "platform/Form.h"
 #include "shell/Program.h"
-#include "shell/SimHost.h"
+#include "platform/sim/SimHost.h"
 
 namespace petal::test {
 

@@ -6,8 +6,8 @@
 #include <QElapsedTimer>
 #include <QWidget>
 
-#include "shell/QtHost.h"
-#include "shell/Timer.h"
+#include "platform/qt/QtHost.h"
+#include "platform/Timer.h"
 
 namespace petal {
 namespace {

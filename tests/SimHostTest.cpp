@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "shell/Form.h"
-#include "shell/SimHost.h"
-#include "shell/Timer.h"
+#include "platform/Form.h"
+#include "platform/sim/SimHost.h"
+#include "platform/Timer.h"
 
 namespace petal {
 namespace {

@@ -11,7 +11,7 @@
 #include "assets/PictureStore.h"
 #include "engine/table_view/TableView.h"
 #include "shell/MainWindow.h"
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 
 namespace petal::test {
 namespace {

@@ -11,9 +11,9 @@
 #include "cards/Val.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
-#include "shell/FatalError.h"
+#include "platform/FatalError.h"
 #include "shell/Program.h"
-#include "shell/SimHost.h"
+#include "platform/sim/SimHost.h"
 
 namespace petal::sim {
 

@@ -10,9 +10,9 @@
 #include "SimPlay.h"
 #include "TempFolder.h"
 #include "cards/Val.h"
-#include "shell/FatalError.h"
+#include "platform/FatalError.h"
 #include "shell/Program.h"
-#include "shell/SimHost.h"
+#include "platform/sim/SimHost.h"
 
 namespace {
 

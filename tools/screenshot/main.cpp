@@ -7,12 +7,12 @@
 #include "SimPlay.h"
 #include "TempFolder.h"
 #include "assets/PictureStore.h"
-#include "shell/FatalError.h"
-#include "shell/Form.h"
+#include "platform/FatalError.h"
+#include "platform/Form.h"
 #include "shell/MainWindow.h"
 #include "shell/Program.h"
-#include "shell/QtHost.h"
-#include "shell/SimHost.h"
+#include "platform/qt/QtHost.h"
+#include "platform/sim/SimHost.h"
 
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -1,4 +1,4 @@
-#include "shell/Form.h"
+#include "platform/Form.h"
 
 namespace petal {
 

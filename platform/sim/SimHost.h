@@ -4,17 +4,12 @@
 #include <cstdint>
 #include <deque>
 #include <map>
-#include <stdexcept>
 #include <vector>
 
-#include "shell/Host.h"
+#include "platform/Host.h"
+#include "platform/UnexpectedPrompt.h"
 
 namespace petal {
-
-class UnexpectedPrompt : public std::logic_error {
-public:
-    using std::logic_error::logic_error;
-};
 
 class SimHost : public Host {
 public:

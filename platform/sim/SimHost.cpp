@@ -1,9 +1,9 @@
-#include "shell/SimHost.h"
+#include "platform/sim/SimHost.h"
 
 #include <cstdio>
 
-#include "shell/Form.h"
-#include "shell/Timer.h"
+#include "platform/Form.h"
+#include "platform/Timer.h"
 
 namespace petal {
 

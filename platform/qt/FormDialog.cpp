@@ -1,9 +1,9 @@
-#include "shell/FormDialog.h"
+#include "platform/qt/FormDialog.h"
 
 #include <QAbstractButton>
 
-#include "shell/Form.h"
-#include "shell/QtHost.h"
+#include "platform/Form.h"
+#include "platform/qt/QtHost.h"
 
 namespace petal {
 

@@ -1,6 +1,6 @@
-#include "shell/Timer.h"
+#include "platform/Timer.h"
 
-#include "shell/Host.h"
+#include "platform/Host.h"
 
 namespace petal {
 

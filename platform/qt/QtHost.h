@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "shell/Host.h"
+#include "platform/Host.h"
 
 class QTimer;
 

@@ -1,7 +1,7 @@
-#include "shell/FatalError.h"
+#include "platform/FatalError.h"
 
-#include "shell/Host.h"
-#include "shell/SimHost.h"
+#include "platform/Host.h"
+#include "platform/UnexpectedPrompt.h"
 
 namespace petal {
 

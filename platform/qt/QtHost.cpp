@@ -1,4 +1,4 @@
-#include "shell/QtHost.h"
+#include "platform/qt/QtHost.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -8,9 +8,9 @@
 #include <QTime>
 #include <QTimer>
 
-#include "shell/FatalError.h"
-#include "shell/Form.h"
-#include "shell/Timer.h"
+#include "platform/FatalError.h"
+#include "platform/Form.h"
+#include "platform/Timer.h"
 
 namespace petal {
 
