@@ -50,6 +50,7 @@ void Dealer::NewGame(bool ClearOnly) {
     if (ClearOnly) {
         f_.g.gGameInProgress = 0;
         m.mPeerReady = m.mLocalReady = true;
+        m.mAutoDeal = false;  // an abandoned tournament deals no next round
     }
     m.mPlayerPlays = m.mCompPlays = 0;
     m.mPeerScoreOpen = false;
@@ -118,7 +119,7 @@ void Dealer::ShuffleCards() {
     if (f_.g.gPlayMode == 0) {
         m.mDealSeed = f_.host.timeText();
     } else {
-        if (f_.recvBuffer().find("DEAL") == std::string::npos) m.mDealSeed = f_.host.timeText();
+        if (!f_.net.dealFromWire()) m.mDealSeed = f_.host.timeText();
         f_.rnd.reset();
     }
     f_.rnd.seed(seedValue(m.mDealSeed));
@@ -136,11 +137,13 @@ void Dealer::DealCards() {
     MainVars& m = f_.m;
     Globals& g = f_.g;
     f_.setMousePointer(FrmMain::kPointerHourglass);
+    ++serial_;
+    f_.net.dealStarted();
     NewGame(false);
     ShuffleCards();
     if (g.gPlayMode > 0) {
         g.gLocalLeads = m.mTurn <= 0;
-        if (f_.recvBuffer().find("DEAL") == std::string::npos && (g.gPlayMode != 1 || g.gConnectState == 7)) {
+        if (!f_.net.dealFromWire() && (g.gPlayMode != 1 || g.gConnectState == 7)) {
             std::string& sent = g.gPlayMode == 1 ? m.mHostDealText : m.mClientDealText;
             sent = "DEAL," + m.mDealSeed + (m.mTurn == 0 ? ",1" : ",0");
             f_.sendToPeer(sent);

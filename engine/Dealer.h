@@ -13,6 +13,8 @@ public:
     void NewGame(bool ClearOnly);
     void ShuffleCards();
     void DealCards();
+    // Counts the deals: a wait that sees it change knows a deal came meanwhile.
+    unsigned serial() const { return serial_; }
 
 private:
     void clearHandsAndTable();
@@ -22,6 +24,7 @@ private:
     void showLeader();
 
     FrmMain& f_;
+    unsigned serial_ = 0;
 };
 
 }  // namespace petal

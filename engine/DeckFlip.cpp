@@ -32,7 +32,8 @@ void DeckFlip::FlipCard() {
     f_.tmrFlipTimer.setEnabled(true);
     f_.host.refresh();
     f_.host.waitUntil([&m] { return m.mFlipDone; });
-    if (f_.host.ending()) return;
+    // A game cleared during the pause took the flipped card with it: nothing is left to lay down.
+    if (f_.host.ending() || c.imgFlipCard.Tag != std::to_string(m.mDeckPos)) return;
     c.imgFlipCard.clearCard();
     const int turn = m.mTurn;
     const int slot = f_.play.AddCardToTable(m.mDeckPos);

@@ -1,51 +1,51 @@
 #include "net/RemoteReplay.h"
 
-#include <vector>
-
 #include "cards/Val.h"
-#include "platform/FatalError.h"
+#include "net/WireProtocol.h"
 #include "shell/FrmMain.h"
 
 namespace petal {
 
 namespace {
 
-std::vector<std::string> splitFields(const std::string& text) {
-    std::vector<std::string> fields;
-    std::size_t start = 0;
-    while (true) {
-        const std::size_t at = text.find(',', start);
-        fields.push_back(text.substr(start, at - start));
-        if (at == std::string::npos) return fields;
-        start = at + 1;
-    }
-}
-
-// A field that must be a number as a whole; anything else means the peers have diverged.
-int strictNumber(const std::vector<std::string>& fields, std::size_t index) {
-    if (index >= fields.size()) throw FatalError("Petalgarden", "A message from the opponent lacks a field: the game cannot go on.");
-    const std::string& text = fields[index];
-    std::size_t at = text.find_first_not_of(' ');
-    if (at != std::string::npos && (text[at] == '-' || text[at] == '+')) ++at;
-    const bool digitsOnly = at != std::string::npos && at < text.size() &&
-                            text.find_first_not_of("0123456789", at) == std::string::npos;
-    if (!digitsOnly) throw FatalError("Petalgarden", "A message from the opponent is not a card move: \"" + text + "\".");
-    return static_cast<int>(Val(text));
-}
+int fieldOf(const WireMessage& move, std::size_t index) { return static_cast<int>(Val(move.fields.at(index))); }
 
 }  // namespace
+
+// A table slot that the card at `position` may take: a card lies there of its month, or the
+// card is the wild one.
+bool RemoteReplay::canTake(int position, int slot) const {
+    const auto& table = f_.ctl.imgTCard;
+    if (slot < 0 || slot >= static_cast<int>(table.size()) || !table[slot].hasPicture()) return false;
+    const CardRecord& card = f_.m.mCards.at(position);
+    return card.isWild() || f_.m.mCards.at(Val(table[slot].Tag)).Flower == card.Flower;
+}
+
+// A hand card may be laid down only where nothing on the table matches it.
+bool RemoteReplay::fits(int position, int where) const {
+    if (where == -1) return f_.play.RelativeCheck(position, false) == -1;
+    return canTake(position, where);
+}
 
 bool RemoteReplay::MultiPlayerSelectCard() {
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
-    std::string& buffer = f_.recvBuffer();
-    if (buffer.empty()) return false;
-    const std::vector<std::string> fields = splitFields(buffer);
-    if (fields[0] != "CARD") return false;
-    int s = Val(fields.size() > 1 ? fields[1] : "");
-    if (f_.g.gPlayMode == 2) {
+    const WireMessage* move = f_.net.nextMove();
+    if (!move) return false;
+    int s = fieldOf(*move, 1);
+    const int where = fieldOf(*move, 2);
+    // The hand slot must hold a card not yet played; on the host, slot s holds position s + 8.
+    const bool client = f_.g.gPlayMode == 2;
+    const bool held = s >= 0 && s < 8 && c.imgCCard[s].hasPicture() && c.imgCCard[s].Tag != "-1" &&
+                      (client || Val(c.imgCCard[s].Tag) == s + 8);
+    if (!held || !fits(static_cast<int>(Val(c.imgCCard[s].Tag)), where)) {
+        f_.net.outOfStep("the opponent's move \"" + move->text + "\" does not fit this table");
+        return false;
+    }
+    f_.net.takeMove();
+    if (client) {
         m.mCompCard = s;
-        m.mCompDeckPos = Val(c.imgCCard.at(s).Tag);
+        m.mCompDeckPos = static_cast<int>(Val(c.imgCCard[s].Tag));
     } else {
         m.mCompCard = s;
         m.mCompDeckPos = s + 8;
@@ -56,11 +56,10 @@ bool RemoteReplay::MultiPlayerSelectCard() {
             }
         }
     }
-    c.imgCCard.at(s).Picture = m.mCards.at(m.mCompDeckPos).Picture;
+    c.imgCCard[s].Picture = m.mCards.at(m.mCompDeckPos).Picture;
     f_.play.RelativeCheck(m.mCompDeckPos, true);
     c.imgCCard[s].Tag = "-1";
-    m.mRemoteTableCard = Val(fields.size() > 2 ? fields[2] : "");
-    buffer.clear();
+    m.mRemoteTableCard = where;
     return true;
 }
 
@@ -68,11 +67,16 @@ bool RemoteReplay::MultiPlayerDropCard(int phase) {
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
     if (phase == 3) {
-        std::string& buffer = f_.recvBuffer();
-        if (buffer.empty()) return false;
-        const std::vector<std::string> fields = splitFields(buffer);
-        buffer.clear();
-        m.mRemoteTableCard = strictNumber(fields, 2);
+        const WireMessage* move = f_.net.nextMove();
+        if (!move) return false;
+        const int what = fieldOf(*move, 1), where = fieldOf(*move, 2);
+        // The flipped card, and one of the cards it may take: a flip that matches must capture.
+        if (what != m.mCompDeckPos || Val(c.imgFlipCard.Tag) != what || !canTake(what, where)) {
+            f_.net.outOfStep("the opponent's move \"" + move->text + "\" does not fit the flipped card");
+            return false;
+        }
+        f_.net.takeMove();
+        m.mRemoteTableCard = where;
     }
     if (m.mRemoteTableCard == -1) {
         f_.play.imgTable_Click();

@@ -10,6 +10,8 @@ void Computer::tmrComputer_Timer() {
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
     f_.host.doEvents();
+    // What ran meanwhile may have ended the game (a lost connection, a restart): the turn is over.
+    if (!f_.tmrComputer.Enabled()) return;
     f_.setMousePointer(FrmMain::kPointerHourglass);
     if (!c.panel[1].imgTurn.Visible) {
         c.panel[0].imgTurn.Visible = false;

@@ -3,12 +3,14 @@
 // (QtHost); tests and tools implement it with virtual time and scripted answers (SimHost).
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace petal {
 
 class Timer;
 class Form;
+class Socket;
 
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
 enum class MsgButtons { OK, OKCancel, YesNo, YesNoCancel };
@@ -47,6 +49,9 @@ public:
     virtual std::string dateText() = 0;  // "mm/dd/yyyy"
 
     virtual std::filesystem::path programFolder() = 0;
+
+    // A TCP socket of this program; its events run as handlers on this host.
+    virtual std::unique_ptr<Socket> createSocket() = 0;
 
     // Ends the program in good order: pending waits return, no further events are delivered.
     virtual void endProgram() = 0;

@@ -23,7 +23,13 @@ void FrmScoreCard::LoadGridHeader() {
     formHeight = gridHeight + kButtonStripHeight + kLabelHeight + 150;
 }
 
+FrmScoreCard::~FrmScoreCard() {
+    if (f_.scoreCard == this) f_.scoreCard = covered_;
+}
+
 void FrmScoreCard::Form_Load() {
+    covered_ = f_.scoreCard;
+    f_.scoreCard = this;
     const int rounds = f_.g.gRounds;
     LoadGridHeader();
     for (int i = 1; i <= rounds; ++i) {
@@ -75,6 +81,7 @@ void FrmScoreCard::Form_Activate() {
 }
 
 void FrmScoreCard::Form_Unload() {
+    if (f_.scoreCard == this) f_.scoreCard = covered_;
     if (f_.g.gPlayMode == 1) {
         f_.m.mLocalReady = true;
     } else if (f_.g.gPlayMode == 2) {

@@ -21,6 +21,7 @@ struct GridCell {
 class FrmScoreCard : public Form {
 public:
     explicit FrmScoreCard(FrmMain& f) : f_(f) {}
+    ~FrmScoreCard() override;
     const char* formName() const override { return "frmScoreCard"; }
 
     bool mFromMenu = false;  // set by the View menu before showing
@@ -50,6 +51,7 @@ private:
     void judge();
 
     FrmMain& f_;
+    FrmScoreCard* covered_ = nullptr;  // the card this one stands over, if any
 };
 
 }  // namespace petal

@@ -84,7 +84,8 @@ void MatchEnd::endSingleGame() {
     Globals& g = f_.g;
     g.gGameInProgress = 0;
     CheckWinLose();
-    if (g.gPlayMode != 0) g.gRematchPending = true;
+    if (g.gPlayMode != 0) askingRematch();
+    const unsigned dealt = f_.dealer.serial();
     const bool again = askPlayAgain();
     if (g.gPlayMode != 0) pumpAfterQuestion();
     decideNextStarter();
@@ -99,8 +100,18 @@ void MatchEnd::endSingleGame() {
     }
     if (f_.socketState() == 8) return;
     answerRematch();
+    // A deal that came from the wire while this side waited stands.
+    if (f_.dealer.serial() != dealt) return;
     f_.dealer.NewGame(false);
-    f_.dealer.DealCards();
+    // In a rematch only the host deals, so that both sides play one deck; the client waits
+    // for its DEAL.
+    if (g.gPlayMode != 2) f_.dealer.DealCards();
+}
+
+// The answer may already have come while this side was still finishing the deal.
+void MatchEnd::askingRematch() {
+    f_.g.gRematchPending = true;
+    f_.net.rematchAsked();
 }
 
 // No: the peer is told, and the program closes.
@@ -128,11 +139,19 @@ void MatchEnd::endTournamentRound() {
     g.gRoundScores[1].at(m.mRoundNo) = c;
     CheckWinLose();
     f_.setMousePointer(FrmMain::kPointerHourglass);
-    if (g.gPlayMode != 0) g.gRematchPending = true;
+    if (g.gPlayMode != 0) askingRematch();
+    // The host deals the next round once the client's card of this round has opened and closed.
+    if (g.gPlayMode == 1) m.mPeerReady = false;
     EndComment();
+    const unsigned dealt = f_.dealer.serial();
     showScoreCard();
     f_.setMousePointer(FrmMain::kPointerDefault);
-    if (f_.host.ending()) return;
+    if (f_.host.ending() || f_.dealer.serial() != dealt) return;
+    // The tournament was abandoned while its card stood or was awaited: no round follows.
+    if (g.gGameInProgress == 0) {
+        m.mTournamentYakus = 0;
+        return;
+    }
     if (m.mRoundNo < g.gRounds) {
         m.mTurn = g.gRoundScores[0][m.mRoundNo] > g.gRoundScores[1][m.mRoundNo] ? 0 : 1;
         if (g.gPlayMode == 0) {
@@ -158,13 +177,17 @@ void MatchEnd::endTournamentRound() {
         return;
     }
     if (f_.socketState() != 8) answerRematch();
+    if (f_.dealer.serial() != dealt) return;
     f_.dealer.NewGame(false);
     if (m.mTurn == 1) m.mPeerReady = false;
 }
 
 void MatchEnd::showScoreCard() {
     if (f_.g.gPlayMode != 0 && !f_.g.gLocalLeads) {
-        f_.host.waitUntil([this] { return f_.m.mPeerScoreOpen; });
+        // The wait ends too if the session ends meanwhile: no card opens on the other side then.
+        f_.host.waitUntil(
+            [this] { return f_.m.mPeerScoreOpen || f_.g.gGameInProgress == 0 || f_.g.gPlayMode == 0; });
+        if (!f_.m.mPeerScoreOpen) return;
         FrmScoreCard card(f_);
         f_.host.showModal(card);
         f_.m.mPeerScoreOpen = false;

@@ -19,6 +19,7 @@ private:
     void endSingleGame();
     void endTournamentRound();
     bool askPlayAgain();
+    void askingRematch();
     void answerRematch();
     void declineRematch();
     void pumpAfterQuestion();

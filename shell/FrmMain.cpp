@@ -16,8 +16,8 @@ FrmMain::FrmMain(Host& host_, Globals& g_, HallOfFame& hof_)
       settings(host_, g_, Caption),
       tmrComputer(host_, [this] { computer.tmrComputer_Timer(); }, 1000),
       tmrFlipTimer(host_, [this] { flip.tmrFlipTimer_Timer(); }, 1000),
-      // The connection's poll; its handler comes with the TCP link, until then it only ticks.
-      tmrWinsockState(host_, [] {}, 500),
+      tmrWinsockState(host_, [this] { connection.tmrWinsockState_Timer(); }, 500),
+      tcpMultiPlayer(host_.createSocket()),
       dealer(*this),
       play(*this),
       flip(*this),
@@ -25,7 +25,14 @@ FrmMain::FrmMain(Host& host_, Globals& g_, HallOfFame& hof_)
       yaku(*this),
       matchEnd(*this),
       computer(*this),
-      remote(*this) {}
+      remote(*this),
+      net(*this),
+      connection(*this) {
+    tcpMultiPlayer->ConnectionRequest = [this](long id) { connection.tcpMultiPlayer_ConnectionRequest(id); };
+    tcpMultiPlayer->DataArrival = [this](long bytes) { net.tcpMultiPlayer_DataArrival(bytes); };
+    tcpMultiPlayer->SendComplete = [this] { net.tcpMultiPlayer_SendComplete(); };
+    tcpMultiPlayer->Error = [this](int number, const std::string& text) { connection.tcpMultiPlayer_Error(number, text); };
+}
 
 void FrmMain::setMousePointer(int pointer) {
     if (pointer == mousePointer_) return;
@@ -46,7 +53,9 @@ void FrmMain::Form_Load() {
     for (int i = 0; i < 24; ++i) g.gYakuCodes[i] = kCodes[i];
     m.mCardBack = ctl.imgCCard[0].Picture;
     menu.mnuVScore.Enabled = g.gGameType != 0;
-    menu.mnuVChat.Enabled = false;  // the settings always leave the program in single play
+    menu.mnuVChat.Enabled = g.gPlayMode > 0;
+    // The settings always leave the program in single play; a session starts from Setup.
+    if (g.gPlayMode > 0) connection.StartConnection();
 }
 
 bool FrmMain::Form_Unload() {
@@ -57,7 +66,7 @@ bool FrmMain::Form_Unload() {
         if (g.gGameInProgress == 0) dealer.NewGame(true);
         return true;
     }
-    // The socket closes here once network sessions exist.
+    if (g.gPlayMode != 0) tcpMultiPlayer->Close();
     hof.CloseHallOfFame();
     return false;
 }
@@ -91,20 +100,26 @@ void FrmMain::mnuSetup_Click() {
         setMousePointer(kPointerDefault);
         return;
     }
-    // A network session starts here (listening or connecting) once the TCP link exists; until
-    // then the chosen mode is stored and shown in the title.
+    // The socket's refusal of an operation in its state is told and the next step goes on;
+    // any other failure ends this routine without a word.
+    const auto trapped = [this](const std::function<void()>& step) {
+        try {
+            step();
+            return true;
+        } catch (const SocketError& e) {
+            if (e.number() != Socket::kInvalidOperation) return false;
+            host.msgBox({e.what(), "Connection Error " + std::to_string(e.number()), MsgIcon::Exclamation, MsgButtons::OK});
+            return true;
+        }
+    };
     m.mLocalReady = m.mPeerReady = true;
+    if (!trapped([this] { connection.StartConnection(); })) return;
     menu.mnuVChat.Enabled = true;
+    if (g.gPlayMode == 2) trapped([this] { tcpMultiPlayer->Connect(); });
 }
 
 void FrmMain::Unload() {
     if (!Form_Unload()) host.endProgram();
 }
-
-// Single play has no peer and no link: nothing is sent and nothing is awaited. The TCP link
-// attaches here when network sessions open.
-void FrmMain::sendToPeer(const std::string&) {}
-
-void FrmMain::waitForPeer(const std::string&, const std::string&) {}
 
 }  // namespace petal

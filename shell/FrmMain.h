@@ -1,6 +1,7 @@
 #pragma once
 // The game: the main form's state, its controls and its handlers. The routines of the round,
 // the scoring and the opponent are members of their own classes, reached from here.
+#include <memory>
 #include <string>
 
 #include "cards/Globals.h"
@@ -10,7 +11,9 @@
 #include "engine/HandPlay.h"
 #include "engine/Rnd.h"
 #include "engine/table_view/TableModel.h"
+#include "net/Connection.h"
 #include "net/RemoteReplay.h"
+#include "net/WireProtocol.h"
 #include "opponent/Computer.h"
 #include "records/Gardenia.h"
 #include "scoring/MatchEnd.h"
@@ -18,12 +21,15 @@
 #include "scoring/Yaku.h"
 #include "shell/GameEvents.h"
 #include "shell/MenuModel.h"
+#include "platform/Socket.h"
 #include "platform/Timer.h"
 
 namespace petal {
 
 class Host;
 class HallOfFame;
+class FrmConnectionStatus;
+class FrmScoreCard;
 
 class FrmMain {
 public:
@@ -50,6 +56,7 @@ public:
     Timer tmrComputer;
     Timer tmrFlipTimer;
     Timer tmrWinsockState;
+    std::unique_ptr<Socket> tcpMultiPlayer;
 
     Dealer dealer;
     HandPlay play;
@@ -59,6 +66,12 @@ public:
     MatchEnd matchEnd;
     Computer computer;
     RemoteReplay remote;
+    WireProtocol net;
+    Connection connection;
+
+    // The forms of these kinds on screen, if any: others unload them.
+    FrmConnectionStatus* connectionStatus = nullptr;
+    FrmScoreCard* scoreCard = nullptr;
 
     int MousePointer() const { return mousePointer_; }
     void setMousePointer(int pointer);
@@ -89,14 +102,16 @@ public:
 
     void EndMatch() { matchEnd.EndMatch(); }
 
-    // The receive buffer of this side: the host's or the client's.
+    // The last message received by this side: the host's or the client's.
     std::string& recvBuffer() { return g.gPlayMode == 2 ? m.mClientRecv : m.mHostRecv; }
     // Sends one message to the peer and waits for it to leave.
-    void sendToPeer(const std::string& message);
+    void sendToPeer(const std::string& message) { net.send(message); }
     // The state of the TCP link: 0 closed, 7 connected, 8 the peer is closing.
-    int socketState() const { return 0; }
+    int socketState() const { return tcpMultiPlayer->State(); }
     // Shows the modal wait of the network until the peer's answer unloads it.
-    void waitForPeer(const std::string& caption, const std::string& message);
+    void waitForPeer(const std::string& caption, const std::string& message) {
+        connection.showStatus(g.gPlayMode, caption, message);
+    }
 
     void restoreArrow() {
         if (mousePointer_ == kPointerHand) setMousePointer(kPointerDefault);

@@ -107,7 +107,7 @@ void FrmSetup::cmdOK_Click() {
         if (f_.host.msgBox({question, "Reset Game", MsgIcon::Question, MsgButtons::YesNo}) == MsgResult::Yes) {
             writeChoices(playMode);
             if (playMode == 0) {
-                // The socket closes here once network sessions exist.
+                f_.tcpMultiPlayer->Close();
                 f_.tmrWinsockState.setEnabled(false);
                 g.gConnectState = 0;
                 g.gGameInProgress = 0;

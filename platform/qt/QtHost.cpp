@@ -11,6 +11,7 @@
 #include "platform/FatalError.h"
 #include "platform/Form.h"
 #include "platform/Timer.h"
+#include "platform/qt/QtSocket.h"
 
 namespace petal {
 
@@ -127,6 +128,8 @@ std::filesystem::path QtHost::programFolder() {
     if (!folder_.empty()) return folder_;
     return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
 }
+
+std::unique_ptr<Socket> QtHost::createSocket() { return std::make_unique<QtSocket>(*this); }
 
 void QtHost::endProgram() {
     if (ending_) return;

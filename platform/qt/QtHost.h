@@ -46,6 +46,7 @@ public:
     std::string timeText() override;
     std::string dateText() override;
     std::filesystem::path programFolder() override;
+    std::unique_ptr<Socket> createSocket() override;
     void endProgram() override;
     bool ending() const override { return ending_; }
 

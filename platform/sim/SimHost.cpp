@@ -1,18 +1,26 @@
 #include "platform/sim/SimHost.h"
 
+#include <algorithm>
 #include <cstdio>
 
+#include "platform/FatalError.h"
 #include "platform/Form.h"
 #include "platform/Timer.h"
+#include "platform/sim/Fiber.h"
+#include "platform/sim/SimSocket.h"
+#include "platform/sim/SimWorld.h"
 
 namespace petal {
 
 SimHost::SimHost(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
-SimHost::~SimHost() = default;
+SimHost::~SimHost() {
+    for (SimSocket* socket : sockets_) socket->hostGone();
+    if (world_) world_->leave(*this);
+}
 
 void SimHost::setClock(int hour, int minute, int second) {
-    clockBase_ = hour * 3600 + minute * 60 + second - now_ / 1000;
+    clockBase_ = hour * 3600 + minute * 60 + second - now() / 1000;
 }
 
 void SimHost::setDate(int year, int month, int day) {
@@ -23,81 +31,130 @@ void SimHost::setDate(int year, int month, int day) {
 
 void SimHost::timerChanged(Timer& timer) {
     if (timer.Enabled() && timer.Interval() > 0)
-        due_[&timer] = {now_ + timer.Interval(), seq_++};
+        due_[&timer] = {now() + timer.Interval(), nextSeq()};
     else
         due_.erase(&timer);
 }
 
 void SimHost::timerRemoved(Timer& timer) { due_.erase(&timer); }
 
-Timer* SimHost::nextDue() const {
+void SimHost::schedule(std::int64_t at, std::function<void()> call) {
+    calls_.push_back({{std::max(at, now()), nextSeq()}, std::move(call)});
+}
+
+Timer* SimHost::nextTimer() const {
     Timer* best = nullptr;
-    Due bestDue{};
-    for (const auto& [timer, due] : due_) {
+    Key bestKey{};
+    for (const auto& [timer, key] : due_) {
         if (timer->ticking()) continue;
-        if (!best || due.at < bestDue.at || (due.at == bestDue.at && due.seq < bestDue.seq)) {
+        if (!best || key < bestKey) {
             best = timer;
-            bestDue = due;
+            bestKey = key;
         }
     }
     return best;
 }
 
+std::optional<SimHost::Key> SimHost::nextKey() const {
+    std::optional<Key> best;
+    if (Timer* timer = nextTimer()) best = due_.at(timer);
+    for (const Call& c : calls_)
+        if (!best || c.key < *best) best = c.key;
+    return best;
+}
+
 void SimHost::fire(Timer& timer, std::int64_t at) {
-    if (at > now_) now_ = at;
+    if (at > now()) *clock_ = at;
     // Periodic: the next tick falls on the interval grid after the one just fired; a tick that
     // came due while this one ran is dropped, as a platform timer coalesces them.
     due_.erase(&timer);
     timer.fire();
     if (!timer.Enabled() || timer.Interval() <= 0 || due_.count(&timer)) return;
     std::int64_t next = at + timer.Interval();
-    while (next <= now_ && next > at) next += timer.Interval();
-    due_[&timer] = {next, seq_++};
+    while (next <= now() && next > at) next += timer.Interval();
+    due_[&timer] = {next, nextSeq()};
+}
+
+void SimHost::runNextDue() {
+    const std::optional<Key> key = nextKey();
+    if (!key) return;
+    Timer* timer = nextTimer();
+    if (timer && due_.at(timer).seq == key->seq && due_.at(timer).at == key->at) {
+        fire(*timer, key->at);
+        return;
+    }
+    const auto it = std::find_if(calls_.begin(), calls_.end(), [&](const Call& c) { return c.key.seq == key->seq; });
+    std::function<void()> call = std::move(it->call);
+    calls_.erase(it);
+    if (key->at > now()) *clock_ = key->at;
+    call();
 }
 
 bool SimHost::step() {
-    if (ending_) return false;
-    Timer* timer = nextDue();
-    if (!timer) return false;
-    fire(*timer, due_[timer].at);
+    if (world_) throw UnexpectedPrompt("a host in a world is stepped by its world");
+    if (ending_ || !nextKey()) return false;
+    runNextDue();
     return true;
 }
 
 void SimHost::advance(std::int64_t ms) {
-    const std::int64_t end = now_ + ms;
+    const std::int64_t end = now() + ms;
     while (!ending_) {
-        Timer* timer = nextDue();
-        if (!timer || due_[timer].at > end) break;
-        fire(*timer, due_[timer].at);
+        const std::optional<Key> key = nextKey();
+        if (!key || key->at > end) break;
+        step();
     }
-    if (now_ < end) now_ = end;
+    if (now() < end) *clock_ = end;
 }
 
 bool SimHost::runUntil(const std::function<bool()>& done, std::int64_t limitMs) {
-    const std::int64_t end = now_ + limitMs;
+    const std::int64_t end = now() + limitMs;
     while (!done()) {
         if (ending_) return false;
-        Timer* timer = nextDue();
-        if (!timer || due_[timer].at > end) return false;
-        fire(*timer, due_[timer].at);
+        const std::optional<Key> key = nextKey();
+        if (!key || key->at > end) return false;
+        step();
     }
     return true;
 }
 
 void SimHost::doEvents() {
-    std::vector<Timer*> ready;
-    for (const auto& [timer, due] : due_)
-        if (due.at <= now_ && !timer->ticking()) ready.push_back(timer);
-    for (Timer* timer : ready) {
-        if (ending_) return;
-        auto it = due_.find(timer);
-        if (it != due_.end() && it->second.at <= now_) fire(*timer, it->second.at);
+    // Only what is due now: letting events run moves no time.
+    for (int guard = 0; guard < 64 && !ending_; ++guard) {
+        const std::optional<Key> key = nextKey();
+        if (!key || key->at > now()) return;
+        runNextDue();
     }
 }
 
 void SimHost::waitUntil(const std::function<bool()>& done) {
-    while (!done() && !ending_) {
-        if (!step()) throw UnexpectedPrompt("a wait with no event left to end it");
+    if (!world_) {
+        while (!done() && !ending_) {
+            if (!step()) throw UnexpectedPrompt("a wait with no event left to end it");
+        }
+        return;
+    }
+    if (Fiber::current() != fiber_.get())
+        throw UnexpectedPrompt("a program in a world waited outside its own stack: call it through SimWorld::act");
+    ++waitDepth_;
+    struct Depth {
+        int& depth;
+        ~Depth() { --depth; }
+    } depth{waitDepth_};
+    while (!done() && !ending_ && !failure_) {
+        fiber_->yield();
+        runCommand();
+    }
+}
+
+void SimHost::runCommand() {
+    std::function<void()> command = std::move(command_);
+    command_ = nullptr;
+    if (!command) return;
+    try {
+        runHandler(*this, command);
+    } catch (...) {
+        failure_ = std::current_exception();
     }
 }
 
@@ -107,8 +164,8 @@ MsgResult SimHost::msgBox(const MsgBox& box) {
     if (!script_.empty()) {
         Expected next = script_.front();
         if (!next.text.empty() && (next.text != box.text || next.title != box.title))
-            throw UnexpectedPrompt("message box \"" + box.text + "\" (" + box.title +
-                                   ") where the script expects \"" + next.text + "\"");
+            throw UnexpectedPrompt("message box \"" + box.text + "\" (" + box.title + ") where the script expects \"" +
+                                   next.text + "\"");
         script_.pop_front();
         return next.answer;
     }
@@ -125,14 +182,20 @@ void SimHost::showModal(Form& form) {
     form.Form_Load();
     if (!form.loaded() || ending_) return;
     form.Form_Activate();
+    if (!form.loaded() || ending_) return;
     if (!onForm) throw UnexpectedPrompt(std::string("unexpected form ") + form.formName());
+    ++modalDepth_;
+    struct Depth {
+        int& depth;
+        ~Depth() { --depth; }
+    } depth{modalDepth_};
     onForm(form);
     if (form.loaded() && !ending_)
         throw UnexpectedPrompt(std::string("form left open by the script: ") + form.formName());
 }
 
 std::string SimHost::timeText() {
-    long long secs = (clockBase_ + now_ / 1000) % 86400;
+    long long secs = (clockBase_ + now() / 1000) % 86400;
     if (secs < 0) secs += 86400;
     char buf[16];
     std::snprintf(buf, sizeof buf, "%02lld:%02lld:%02lld", secs / 3600, secs / 60 % 60, secs % 60);
@@ -143,6 +206,18 @@ std::string SimHost::dateText() {
     char buf[16];
     std::snprintf(buf, sizeof buf, "%02d/%02d/%04d", month_, day_, year_);
     return buf;
+}
+
+std::unique_ptr<Socket> SimHost::createSocket() {
+    auto socket = std::make_unique<SimSocket>(*this, world_ ? &world_->network() : nullptr);
+    sockets_.push_back(socket.get());
+    return socket;
+}
+
+void SimHost::endProgram() {
+    if (ending_) return;
+    ending_ = true;
+    for (SimSocket* socket : sockets_) socket->Close();
 }
 
 }  // namespace petal

@@ -1,9 +1,16 @@
 #pragma once
 // The host of tests and headless tools: virtual time, a settable clock, and message boxes and
 // forms answered by a script. An unexpected prompt throws UnexpectedPrompt, failing the test.
+//
+// Alone, a host runs everything on the caller's stack: waits step its own timers. Joined to a
+// SimWorld, it shares the world's clock with other hosts and runs on a stack of its own, so
+// that two programs can talk over the simulated network (see SimWorld).
 #include <cstdint>
 #include <deque>
+#include <exception>
 #include <map>
+#include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/Host.h"
@@ -11,22 +18,29 @@
 
 namespace petal {
 
+class Fiber;
+class SimSocket;
+class SimWorld;
+
 class SimHost : public Host {
 public:
     explicit SimHost(std::filesystem::path folder);
     ~SimHost() override;
 
-    // Virtual time in milliseconds since the host was made.
-    std::int64_t now() const { return now_; }
+    // Virtual time in milliseconds since the host (or its world) was made.
+    std::int64_t now() const { return *clock_; }
     void setClock(int hour, int minute, int second);
     void setDate(int year, int month, int day);
 
-    // Fires the next due timer, moving time forward to it. False if no timer is armed.
+    // Alone only: fires the next due event, moving time forward to it. False if none is left.
     bool step();
-    // Runs every tick due within the next ms milliseconds, in order of due time.
+    // Alone only: runs every event due within the next ms milliseconds, in order of due time.
     void advance(std::int64_t ms);
-    // Steps until done() holds; false if time passes limitMs or nothing is left to run.
+    // Alone only: steps until done() holds; false if time passes limitMs or nothing is left.
     bool runUntil(const std::function<bool()>& done, std::int64_t limitMs);
+
+    // A one-shot event of this program at virtual time `at` (a socket's, say).
+    void schedule(std::int64_t at, std::function<void()> call);
 
     // Scripted answers, taken in order. An entry with an empty text matches any box.
     void expectMsgBox(std::string text, std::string title, MsgResult answer);
@@ -34,6 +48,7 @@ public:
     // Answers boxes that the script does not cover; unset means such a box is a test failure.
     std::function<MsgResult(const MsgBox&)> onMsgBox;
     // Acts on a form shown modally; it must unload the form (or the form stays, and that throws).
+    // In a world it may wait (host.waitUntil) for the other program to unload it.
     std::function<void(Form&)> onForm;
     const std::vector<MsgBox>& shownBoxes() const { return shown_; }
     int mousePointer() const { return pointer_; }
@@ -50,26 +65,49 @@ public:
     std::string timeText() override;
     std::string dateText() override;
     std::filesystem::path programFolder() override { return folder_; }
-    void endProgram() override { ending_ = true; }
+    std::unique_ptr<Socket> createSocket() override;
+    // The program's end closes its sockets, as a process's end does.
+    void endProgram() override;
     bool ending() const override { return ending_; }
 
+    // Inside a world: whether a handler of this program is waiting in a nested loop.
+    bool waiting() const { return waitDepth_ > 0; }
+    // Whether a modal form of this program stands, which keeps input from the main window.
+    bool modal() const { return modalDepth_ > 0; }
+
 private:
-    struct Due {
+    friend class SimWorld;
+    friend class SimSocket;
+
+    struct Key {
         std::int64_t at;
         std::uint64_t seq;
+        bool operator<(const Key& o) const { return at != o.at ? at < o.at : seq < o.seq; }
     };
-    void fire(Timer& timer, std::int64_t at);
-    Timer* nextDue() const;
-
+    struct Call {
+        Key key;
+        std::function<void()> call;
+    };
     struct Expected {
         std::string text, title;
         MsgResult answer;
     };
 
+    std::optional<Key> nextKey() const;
+    // Fires the earliest due event (timer or call), moving the clock to it.
+    void runNextDue();
+    void fire(Timer& timer, std::int64_t at);
+    Timer* nextTimer() const;
+    std::uint64_t nextSeq() { return (*seq_)++; }
+    void runCommand();
+
     std::filesystem::path folder_;
-    std::int64_t now_ = 0;
-    std::uint64_t seq_ = 0;
-    std::map<Timer*, Due> due_;
+    std::int64_t ownClock_ = 0;
+    std::uint64_t ownSeq_ = 0;
+    std::int64_t* clock_ = &ownClock_;
+    std::uint64_t* seq_ = &ownSeq_;
+    std::map<Timer*, Key> due_;
+    std::vector<Call> calls_;
     std::int64_t clockBase_ = 12 * 3600;  // seconds of the day at virtual time 0
     int year_ = 2026, month_ = 11, day_ = 22;
     std::deque<Expected> script_;
@@ -77,6 +115,15 @@ private:
     int pointer_ = 0;
     int refreshes_ = 0;
     bool ending_ = false;
+
+    // In a world.
+    SimWorld* world_ = nullptr;
+    std::unique_ptr<Fiber> fiber_;
+    std::function<void()> command_;
+    std::exception_ptr failure_;
+    int waitDepth_ = 0;
+    int modalDepth_ = 0;
+    std::vector<SimSocket*> sockets_;
 };
 
 }  // namespace petal

@@ -8,6 +8,7 @@
 
 #include "Policy.h"
 #include "TempFolder.h"
+#include "Tracer.h"
 #include "cards/Val.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
@@ -19,46 +20,6 @@ namespace petal::sim {
 
 namespace {
 
-// Writes the trace lines and counts the ended deals.
-class Tracer : public GameEvents {
-public:
-    Tracer(FrmMain& f, std::ostream& out, bool on) : f_(f), out_(out), on_(on) {}
-    int ended = 0;
-
-    void dealt() override {
-        if (!on_) return;
-        std::string line = "{\"ev\":\"deal\",\"seed\":\"" + f_.m.mDealSeed + "\",\"lead\":" + std::to_string(f_.m.mTurn) +
-                           ",\"yaku\":" + (f_.g.gUseYaku ? "1" : "0") + ",\"cards\":[";
-        for (int p = 0; p < 48; ++p) line += (p ? "," : "") + std::to_string(f_.m.mCards[p].Index);
-        out_ << line << "]}\n";
-    }
-    void moved(int side, bool fromDeck, int pos, int took, int slot) override {
-        if (!on_) return;
-        out_ << "{\"ev\":\"move\",\"side\":" << side << ",\"from\":\"" << (fromDeck ? "flip" : "hand")
-             << "\",\"pos\":" << pos << ",\"took\":" << took << ",\"slot\":" << slot << "}\n";
-    }
-    void claimed(int side, int pos, int slot) override {
-        if (on_) out_ << "{\"ev\":\"claim\",\"side\":" << side << ",\"pos\":" << pos << ",\"slot\":" << slot << "}\n";
-    }
-    void dealEnded() override {
-        ++ended;
-        if (!on_) return;
-        out_ << "{\"ev\":\"end\",\"p\":" << Val(f_.ctl.panel[0].lblPointsTotal[3].Caption)
-             << ",\"c\":" << Val(f_.ctl.panel[1].lblPointsTotal[3].Caption) << ",\"pyaku\":" << complete(0)
-             << ",\"cyaku\":" << complete(1) << "}\n";
-    }
-
-private:
-    int complete(int side) const {
-        int n = 0;
-        for (int g = 0; g < 8; ++g) n += f_.m.mYakuCards[side][g] == 3 ? 1 : 0;
-        return n;
-    }
-    FrmMain& f_;
-    std::ostream& out_;
-    bool on_;
-};
-
 std::vector<int> framedSlots(const TableModel& c) {
     std::vector<int> slots;
     for (std::size_t i = 0; i < c.shpTHilite.size(); ++i)
@@ -68,10 +29,13 @@ std::vector<int> framedSlots(const TableModel& c) {
 
 }  // namespace
 
+bool canMove(const FrmMain& f) {
+    return f.m.mTurn == 0 && !f.tmrComputer.Enabled() && f.g.gGameInProgress == 1 &&
+           f.MousePointer() != FrmMain::kPointerHourglass && (f.ctl.shpFlipCard.Visible || f.m.mPlayerFlipped == 0);
+}
+
 bool localMove(FrmMain& f, Policy& policy) {
-    if (f.m.mTurn != 0 || f.tmrComputer.Enabled() || f.g.gGameInProgress != 1 ||
-        f.MousePointer() == FrmMain::kPointerHourglass)
-        return false;
+    if (!canMove(f)) return false;
     if (f.ctl.shpFlipCard.Visible) {
         const std::vector<int> framed = framedSlots(f.ctl);
         if (framed.empty()) return false;
@@ -99,7 +63,7 @@ int play(const PlayOptions& options, std::ostream& out, std::ostream& err) {
     host.setClock(static_cast<int>(h), static_cast<int>(m), static_cast<int>(s));
     Program program(host);
     FrmMain& f = program.frmMain;
-    Tracer tracer(f, out, options.trace);
+    Tracer tracer(f, options.trace ? &out : nullptr);
     f.events = &tracer;
     Policy policy(options.randomPolicy, options.policySeed);
     bool failed = false;

@@ -23,6 +23,8 @@ struct PlayOptions {
 
 class Policy;
 
+// Whether the local player is on turn with a move to make, as a user would see it.
+bool canMove(const FrmMain& f);
 // One move of the local player if it is on turn (a hand card and where it goes, or the place
 // of a flipped card that waits); false when the game is elsewhere.
 bool localMove(FrmMain& f, Policy& policy);

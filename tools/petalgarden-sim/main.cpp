@@ -2,11 +2,15 @@
 //   petalgarden-sim deal --seed HH:MM:SS [--network]
 //   petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
 //                        [--start HH:MM:SS] [--trace]
+//   petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
+//                       [--faults K] [--trace]
+#include <cstdint>
 #include <cstring>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "NetPlay.h"
 #include "SimPlay.h"
 #include "TempFolder.h"
 #include "cards/Val.h"
@@ -17,9 +21,11 @@
 namespace {
 
 int usage() {
-    std::cerr << "usage: petalgarden-sim deal --seed HH:MM:SS [--network]\n"
+    std::cerr << "usage: petalgarden-sim deal --seed TEXT [--network]\n"
                  "       petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off]\n"
-                 "                            [--policy first|random:K] [--start HH:MM:SS] [--trace]\n";
+                 "                            [--policy first|random:K] [--start HH:MM:SS] [--trace]\n"
+                 "       petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off]\n"
+                 "                           [--policy first|random:K] [--faults K] [--trace]\n";
     return 2;
 }
 
@@ -30,17 +36,25 @@ bool isTime(const std::string& text) {
     return petal::Val(text) < 24 && petal::Val(text.substr(3)) < 60 && petal::Val(text.substr(6)) < 60;
 }
 
-// One deal from the program's start state; a network deal resets the generator first.
+// One deal from the program's start state. A time of day sets the clock, as a deal of a single
+// game takes its seed from it; any other text, or a network deal, seeds the deal as a received
+// DEAL does.
 int deal(const std::string& seed, bool network) {
     petal::sim::TempFolder folder;
     petal::SimHost host(folder.path());
-    host.setClock(static_cast<int>(petal::Val(seed)), static_cast<int>(petal::Val(seed.substr(3))),
-                  static_cast<int>(petal::Val(seed.substr(6))));
+    const bool clock = isTime(seed) && !network;
+    if (clock)
+        host.setClock(static_cast<int>(petal::Val(seed)), static_cast<int>(petal::Val(seed.substr(3))),
+                      static_cast<int>(petal::Val(seed.substr(6))));
     petal::Program program(host);
     petal::runHandler(host, [&] {
         program.Main();
-        if (network) program.g.gPlayMode = 1;  // a host that is not connected deals alone
-        program.frmMain.dealer.DealCards();
+        if (clock) {
+            program.frmMain.dealer.DealCards();
+            return;
+        }
+        program.g.gPlayMode = 1;  // a host that is not connected deals alone
+        program.frmMain.net.dealFrom(seed, 0);
     });
     if (host.ending()) return 1;
     const auto& cards = program.frmMain.m.mCards;
@@ -49,38 +63,62 @@ int deal(const std::string& seed, bool network) {
     return 0;
 }
 
-int play(const std::vector<std::string>& args) {
-    petal::sim::PlayOptions options;
-    for (std::size_t i = 0; i < args.size(); ++i) {
-        const std::string& a = args[i];
-        const bool hasValue = i + 1 < args.size();
-        if (a == "--trace") {
-            options.trace = true;
-        } else if (a == "--deals" && hasValue) {
-            options.deals = static_cast<int>(petal::Val(args[++i]));
-            if (options.deals < 1) return usage();
-        } else if (a == "--tournament" && hasValue) {
-            options.tournamentRounds = static_cast<int>(petal::Val(args[++i]));
-            if (options.tournamentRounds < 1) return usage();
-        } else if (a == "--yaku" && hasValue) {
-            const std::string v = args[++i];
-            if (v != "on" && v != "off") return usage();
-            options.yaku = v == "on";
-        } else if (a == "--policy" && hasValue) {
-            const std::string v = args[++i];
-            if (v.rfind("random:", 0) == 0 && v.size() > 7) {
-                options.randomPolicy = true;
-                options.policySeed = std::stoull(v.substr(7));
-            } else if (v != "first") {
-                return usage();
-            }
-        } else if (a == "--start" && hasValue && isTime(args[i + 1])) {
-            options.start = args[++i];
-        } else {
-            return usage();
+// The options that play and net share; false for one that neither knows.
+bool commonOption(const std::vector<std::string>& args, std::size_t& i, int& deals, int& rounds, bool& yaku,
+                  bool& random, std::uint64_t& seed, bool& trace) {
+    const std::string& a = args[i];
+    const bool hasValue = i + 1 < args.size();
+    if (a == "--trace") {
+        trace = true;
+    } else if (a == "--deals" && hasValue) {
+        deals = static_cast<int>(petal::Val(args[++i]));
+        if (deals < 1) return false;
+    } else if (a == "--tournament" && hasValue) {
+        rounds = static_cast<int>(petal::Val(args[++i]));
+        if (rounds < 1) return false;
+    } else if (a == "--yaku" && hasValue) {
+        const std::string v = args[++i];
+        if (v != "on" && v != "off") return false;
+        yaku = v == "on";
+    } else if (a == "--policy" && hasValue) {
+        const std::string v = args[++i];
+        if (v.rfind("random:", 0) == 0 && v.size() > 7 && v.find_first_not_of("0123456789", 7) == std::string::npos) {
+            random = true;
+            seed = std::stoull(v.substr(7));
+        } else if (v != "first") {
+            return false;
         }
+    } else {
+        return false;
     }
-    return petal::sim::play(options, std::cout, std::cerr);
+    return true;
+}
+
+int play(const std::vector<std::string>& args) {
+    petal::sim::PlayOptions o;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        if (commonOption(args, i, o.deals, o.tournamentRounds, o.yaku, o.randomPolicy, o.policySeed, o.trace)) continue;
+        if (args[i] == "--start" && i + 1 < args.size() && isTime(args[i + 1])) {
+            o.start = args[++i];
+            continue;
+        }
+        return usage();
+    }
+    return petal::sim::play(o, std::cout, std::cerr);
+}
+
+int net(const std::vector<std::string>& args) {
+    petal::sim::NetOptions o;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        if (commonOption(args, i, o.deals, o.tournamentRounds, o.yaku, o.randomPolicy, o.policySeed, o.trace)) continue;
+        if (args[i] == "--faults" && i + 1 < args.size() &&
+            args[i + 1].find_first_not_of("0123456789") == std::string::npos && !args[i + 1].empty()) {
+            o.faults = std::stoull(args[++i]);
+            continue;
+        }
+        return usage();
+    }
+    return petal::sim::net(o, std::cout, std::cerr);
 }
 
 }  // namespace
@@ -92,17 +130,18 @@ int main(int argc, char** argv) {
     std::vector<std::string> args(argv + 2, argv + argc);
     try {
         if (command == "deal") {
-            bool network = false;
+            bool network = false, haveSeed = false;
             std::string seed;
             for (std::size_t i = 0; i < args.size(); ++i) {
                 if (args[i] == "--network") network = true;
-                else if (args[i] == "--seed" && i + 1 < args.size()) seed = args[++i];
+                else if (args[i] == "--seed" && i + 1 < args.size()) seed = args[++i], haveSeed = true;
                 else return usage();
             }
-            if (!isTime(seed)) return usage();
+            if (!haveSeed) return usage();
             return deal(seed, network);
         }
         if (command == "play") return play(args);
+        if (command == "net") return net(args);
     } catch (const std::exception& e) {
         std::cerr << "petalgarden-sim: " << e.what() << "\n";
         return 1;

@@ -1,0 +1,176 @@
+#include "net/Connection.h"
+
+#include "net/FrmConnectionStatus.h"
+#include "platform/Host.h"
+#include "platform/Socket.h"
+#include "scoring/FrmScoreCard.h"
+#include "shell/FrmMain.h"
+
+namespace petal {
+
+int Connection::yakuFlag() const { return f_.g.gUseYaku ? 1 : 0; }
+
+void Connection::StartConnection() {
+    Socket& s = *f_.tcpMultiPlayer;
+    f_.net.reset();
+    if (f_.g.gPlayMode == 1) {
+        s.Close();
+        if (s.LocalPort == 0) s.LocalPort = kPort;
+        s.Listen();
+    } else if (f_.g.gPlayMode == 2) {
+        s.Close();
+        if (s.RemoteHost != f_.g.gHostIP) s.RemoteHost = f_.g.gHostIP;
+        if (s.RemotePort == 0) s.RemotePort = kPort;
+    }
+}
+
+void Connection::tcpMultiPlayer_ConnectionRequest(long requestID) {
+    if (f_.g.gPlayMode != 1) return;
+    Socket& s = *f_.tcpMultiPlayer;
+    if (s.State() != Socket::sckClosed) s.Close();
+    f_.net.reset();
+    s.Accept(requestID);
+}
+
+void Connection::tmrWinsockState_Timer() {
+    Socket& s = *f_.tcpMultiPlayer;
+    MainVars& m = f_.m;
+    Globals& g = f_.g;
+    if (s.State() == Socket::sckClosing && g.gPlayMode == 2) hostLost();
+    if (m.mConnected) return;
+    f_.host.doEvents();
+    if (s.State() != g.gConnectState) {
+        g.gConnectState = s.State();
+        actOnState(g.gConnectState);
+    }
+    if (g.gPlayMode == 1 && m.mPeerReady && m.mLocalReady && m.mAutoDeal && s.State() == Socket::sckConnected) {
+        f_.dealer.DealCards();
+        m.mAutoDeal = false;
+    }
+}
+
+void Connection::actOnState(int state) {
+    Globals& g = f_.g;
+    switch (state) {
+        case Socket::sckListening:
+            showStatus(1, "Connection Status", "Waiting for your opponent to connect.");
+            break;
+        case Socket::sckResolvingHost:
+        case Socket::sckConnecting:
+            if (!f_.connectionStatus) showStatus(2, "Connection Status", "Attempting connection to your opponent.");
+            break;
+        case Socket::sckConnected:
+            if (g.gPlayMode == 1) {
+                if (f_.connectionStatus) f_.connectionStatus->Unload();
+                f_.net.send("SEUP," + std::to_string(g.gGameType) + "," + std::to_string(g.gRounds) + "," +
+                            (g.gUseYaku ? "-1" : "0"));
+                f_.host.msgBox({"Your opponent has successfully connected to your computer.  "
+                                "Click the deck to start the match.  Good Luck!",
+                                "Connection Successful", MsgIcon::Information, MsgButtons::OK});
+            } else if (g.gPlayMode == 2) {
+                f_.m.mConnected = true;
+                // A host that dealt at once has started the game already: nothing to wait for.
+                if (g.gGameInProgress != 0) break;
+                showStatus(2, "Connection Successful", "Waiting for your host to start the game");
+                if (f_.tcpMultiPlayer->State() != Socket::sckConnected) f_.m.mConnected = false;
+            }
+            break;
+        case Socket::sckClosing:
+        case Socket::sckError:
+            lossProcedure();
+            break;
+        default:
+            break;
+    }
+}
+
+// The client's host has gone: tested even while the session stands.
+void Connection::hostLost() {
+    f_.host.msgBox({"Your host has just terminated the network connection.", "Remote Connection Closed",
+                    MsgIcon::Exclamation, MsgButtons::OK});
+    f_.m.mRoundNo = f_.g.gRounds + 1;
+    fallBack(true);
+}
+
+void Connection::lossProcedure() {
+    Socket& s = *f_.tcpMultiPlayer;
+    if (f_.g.gConnectState == Socket::sckClosing) {
+        f_.host.msgBox({"Your opponent has just terminated the network connection.", "Remote Connection Closed",
+                        MsgIcon::Exclamation, MsgButtons::OK});
+        unloadScoreCard();
+        f_.m.mRoundNo = f_.g.gRounds + 1;
+    } else {
+        f_.host.msgBox({"An error occurred while trying to connect to your opponent.", "Client Connection Closed",
+                        MsgIcon::Exclamation, MsgButtons::OK});
+    }
+    s.Close();
+    f_.net.reset();
+    f_.dealer.NewGame(true);
+    const MsgResult again = f_.host.msgBox(
+        {"Do you want to try and reconnect?", "Reconnect", MsgIcon::Question, MsgButtons::YesNo});
+    if (again != MsgResult::Yes) {
+        fallBack(false);
+        return;
+    }
+    if (f_.g.gPlayMode == 1) {
+        f_.m.mTurn = 0;
+        f_.setMousePointer(FrmMain::kPointerDefault);
+        s.Listen();
+    } else {
+        s.Connect();
+    }
+}
+
+void Connection::tcpMultiPlayer_Error(int Number, const std::string& Description) {
+    Socket& s = *f_.tcpMultiPlayer;
+    f_.host.msgBox({Description, "Winsock Error " + std::to_string(Number), MsgIcon::Exclamation, MsgButtons::OK});
+    s.Close();
+    f_.net.reset();
+    if (f_.g.gPlayMode != 2) return;  // a host does not listen again by itself
+    const MsgResult again = f_.host.msgBox(
+        {"Do you want to try and reconnect?", "Reconnect", MsgIcon::Question, MsgButtons::YesNo});
+    if (again == MsgResult::Yes) {
+        f_.g.gConnectState = 0;
+        s.Connect();
+        return;
+    }
+    f_.settings.WriteSettings(f_.g.gGameType, f_.g.gRounds, yakuFlag(), 0);
+    f_.setMousePointer(FrmMain::kPointerDefault);
+    f_.menu.mnuVChat.Enabled = false;
+    if (f_.connectionStatus) f_.connectionStatus->Unload();
+    f_.g.gConnectState = 0;
+    f_.tmrWinsockState.setEnabled(false);
+}
+
+void Connection::showStatus(long connectMode, const std::string& caption, const std::string& message) {
+    FrmConnectionStatus status(f_);
+    status.shownByPoll = f_.tmrWinsockState.ticking();
+    status.ConnectMode = connectMode;
+    status.StatusCaption = caption;
+    status.StatusMessage = message;
+    f_.host.showModal(status);
+}
+
+void Connection::fallBack(bool clearTable) {
+    Socket& s = *f_.tcpMultiPlayer;
+    MainVars& m = f_.m;
+    s.Close();
+    s.LocalPort = 0;
+    f_.net.reset();
+    f_.menu.mnuVChat.Enabled = false;
+    f_.settings.WriteSettings(f_.g.gGameType, f_.g.gRounds, yakuFlag(), 0);
+    m.mTurn = 0;
+    m.mConnected = false;
+    f_.setMousePointer(FrmMain::kPointerDefault);
+    f_.tmrWinsockState.setEnabled(false);
+    if (!clearTable) return;
+    unloadScoreCard();
+    m.mRoundNo = f_.g.gRounds + 1;
+    f_.dealer.NewGame(true);
+}
+
+void Connection::unloadScoreCard() {
+    if (f_.scoreCard) f_.scoreCard->Unload();
+}
+
+}  // namespace petal

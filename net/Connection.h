@@ -1,0 +1,37 @@
+#pragma once
+// The connection's life: listening or connecting, the poll of the socket's state, the waiting
+// forms, the loss of the peer and the socket's errors, and the fall back to single play.
+#include <string>
+
+namespace petal {
+
+class FrmMain;
+
+class Connection {
+public:
+    static constexpr int kPort = 4800;
+
+    explicit Connection(FrmMain& f) : f_(f) {}
+
+    void StartConnection();
+    void tcpMultiPlayer_ConnectionRequest(long requestID);
+    void tcpMultiPlayer_Error(int Number, const std::string& Description);
+    void tmrWinsockState_Timer();
+    // The modal wait of the network, until something unloads it.
+    void showStatus(long connectMode, const std::string& caption, const std::string& message);
+    // Back to single play after the session has ended: the socket closed, the options kept.
+    // With clearTable, the game of the session ends too, as a lost connection ends it.
+    void fallBack(bool clearTable);
+    // The yaku flag as the fall back writes it: 1 or 0.
+    int yakuFlag() const;
+
+private:
+    void actOnState(int state);
+    void hostLost();
+    void lossProcedure();
+    void unloadScoreCard();
+
+    FrmMain& f_;
+};
+
+}  // namespace petal

@@ -1,0 +1,43 @@
+#pragma once
+// The modal wait of the network: a caption, a line of text, three cards that come and go, and
+// Cancel, which asks before it ends the connection.
+#include <array>
+#include <string>
+
+#include "platform/Form.h"
+#include "platform/Timer.h"
+
+namespace petal {
+
+class FrmMain;
+
+class FrmConnectionStatus : public Form {
+public:
+    explicit FrmConnectionStatus(FrmMain& f);
+    ~FrmConnectionStatus() override;
+    const char* formName() const override { return "frmConnectionStatus"; }
+
+    long ConnectMode = 1;  // 1 the host's wait, 2 the client's: the wording of the cancel question
+    std::string StatusCaption;
+    std::string StatusMessage;
+    bool CancelPressed = false;
+    int AnimStep = 0;
+    // Shown from the poll of the socket, which cannot tick while this form stands.
+    bool shownByPoll = false;
+
+    std::string Label1;
+    std::array<bool, 3> imgCardVisible{};  // imgCard(0..2).Visible
+    Timer Timer1;
+
+    void Form_Load() override;
+    bool Form_QueryUnload(bool byUser) override;
+    void Form_Unload() override;
+    void Timer1_Timer();
+    void cmdCancel_Click();
+
+private:
+    FrmMain& f_;
+    FrmConnectionStatus* covered_ = nullptr;  // the wait this one stands over, if any
+};
+
+}  // namespace petal

@@ -1,0 +1,45 @@
+#pragma once
+// Cuts the connection's byte stream into the protocol's messages. Messages have no terminator,
+// so the grammar finds their ends: eight tags, each with a fixed shape of fields. A message
+// whose last field could still grow (a number, a chat line) and that ends where the bytes end
+// is held until the next bytes show where it ends, or until no more have come for a while.
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace petal {
+
+struct WireMessage {
+    std::string text;                 // the message as it was sent
+    std::vector<std::string> fields;  // split at every comma; fields[0] is the tag
+};
+
+class MessageFramer {
+public:
+    // More than this without the end of a message is no peer of ours.
+    static constexpr std::size_t kMaxPending = 64 * 1024;
+
+    enum class Result { Ok, Malformed, Overflow };
+
+    // Appends what arrived and moves every message known to be whole to out, in order.
+    Result feed(std::string_view bytes, std::vector<WireMessage>& out);
+    // No more bytes came for a while: a held message ends where the bytes end.
+    Result settle(std::vector<WireMessage>& out);
+    // Bytes wait for the end of their message.
+    bool holding() const { return !pending_.empty(); }
+    // What broke the grammar, in words for the player.
+    const std::string& problem() const { return problem_; }
+    void clear();
+
+private:
+    Result take(bool settled, std::vector<WireMessage>& out);
+
+    std::string pending_;
+    std::string problem_;
+};
+
+// The fields of a message text, split at every comma.
+std::vector<std::string> splitFields(std::string_view text);
+
+}  // namespace petal

@@ -1,0 +1,220 @@
+#include "net/WireProtocol.h"
+
+#include <climits>
+
+#include "cards/Val.h"
+#include "net/FrmConnectionStatus.h"
+#include "platform/FatalError.h"
+#include "platform/Host.h"
+#include "platform/Socket.h"
+#include "shell/FrmMain.h"
+
+namespace petal {
+
+namespace {
+
+// A field of a message as a 16-bit number; the framer has already seen that it is digits.
+bool number16(const WireMessage& message, std::size_t index, int& value) {
+    if (index >= message.fields.size()) return false;
+    const long v = Val(message.fields[index]);
+    if (v < SHRT_MIN || v > SHRT_MAX) return false;
+    value = static_cast<int>(v);
+    return true;
+}
+
+}  // namespace
+
+WireProtocol::WireProtocol(FrmMain& f) : f_(f), tmrSettle(f.host, [this] { tmrSettle_Timer(); }, kSettleMs) {}
+
+void WireProtocol::send(const std::string& message) {
+    if (f_.tcpMultiPlayer->State() != Socket::sckConnected) return;  // the poll tells of the loss
+    f_.tcpMultiPlayer->SendData(message);
+    CompleteSend();
+}
+
+// Sleeps until the socket says the bytes have left, the connection has gone, or the limit.
+void WireProtocol::CompleteSend() {
+    bool timedOut = false;
+    Timer limit(f_.host, [&timedOut] { timedOut = true; }, kSendLimitMs);
+    limit.setEnabled(true);
+    f_.host.waitUntil([&] {
+        return f_.m.mSendComplete || timedOut || f_.tcpMultiPlayer->State() != Socket::sckConnected;
+    });
+    if (f_.m.mSendComplete) {
+        f_.m.mSendComplete = false;
+        return;
+    }
+    if (timedOut && !f_.host.ending()) throw FatalError("Time Out", "The connected computer took too long to respond.");
+}
+
+void WireProtocol::tcpMultiPlayer_SendComplete() { f_.m.mSendComplete = true; }
+
+void WireProtocol::tcpMultiPlayer_DataArrival(long) {
+    MainVars& m = f_.m;
+    const bool wasReceiving = m.mReceiving;
+    m.mReceiving = true;
+    if (f_.g.gPlayMode > 0) {
+        std::vector<WireMessage> arrived;
+        framed(framer_.feed(f_.tcpMultiPlayer->GetData(), arrived), arrived);
+    }
+    m.mReceiving = wasReceiving;
+}
+
+void WireProtocol::tmrSettle_Timer() {
+    tmrSettle.setEnabled(false);
+    if (f_.g.gPlayMode <= 0) return;
+    const bool wasReceiving = f_.m.mReceiving;
+    f_.m.mReceiving = true;
+    std::vector<WireMessage> arrived;
+    framed(framer_.settle(arrived), arrived);
+    f_.m.mReceiving = wasReceiving;
+}
+
+void WireProtocol::framed(MessageFramer::Result result, std::vector<WireMessage>& arrived) {
+    for (WireMessage& message : arrived) arrived_.push_back(std::move(message));
+    // What came whole before the fault is still the peer's, in order.
+    dispatchAll();
+    if (result != MessageFramer::Result::Ok) {
+        outOfStep(framer_.problem());
+        return;
+    }
+    // The settle pause counts from the last byte that came.
+    tmrSettle.setEnabled(false);
+    tmrSettle.setEnabled(framer_.holding());
+}
+
+// Handlers that run inside a dispatch (a message box, a deal) may let more data in; it waits
+// its turn behind the message being dispatched.
+void WireProtocol::dispatchAll() {
+    if (dispatching_) return;
+    dispatching_ = true;
+    struct Reset {
+        bool& flag;
+        ~Reset() { flag = false; }
+    } reset{dispatching_};
+    while (!arrived_.empty() && f_.g.gPlayMode > 0 && !f_.host.ending()) {
+        const WireMessage message = std::move(arrived_.front());
+        arrived_.pop_front();
+        f_.recvBuffer() = message.text;
+        dispatch(message);
+    }
+    if (f_.g.gPlayMode <= 0) arrived_.clear();
+}
+
+void WireProtocol::dispatch(const WireMessage& message) {
+    MainVars& m = f_.m;
+    const bool host = f_.g.gPlayMode == 1;
+    const std::string& tag = message.fields[0];
+    if (tag == "DEAL") {
+        receiveDeal(message);
+    } else if (tag == "QUIT") {
+        moves_.clear();
+        f_.dealer.NewGame(true);
+    } else if (tag == "SCOP") {
+        m.mPeerScoreOpen = true;
+        if (host) m.mPeerReady = false;
+    } else if (tag == "SCCL") {
+        if (host) m.mPeerReady = true;
+    } else if (tag == "NEWG") {
+        const int answer = message.fields[1] == "1" ? 1 : 0;
+        if (rematchAsked_) receiveNewg(answer);
+        else heldAnswers_.push_back(answer);  // the answer to a question this side has yet to ask
+    } else if (tag == "SEUP") {
+        if (!host) receiveSetup(message);
+    } else if (tag == "CARD") {
+        receiveMove(message);
+    } else if (tag == "CHAT") {
+        if (chatReceived) chatReceived(message.text.substr(5));
+    }
+}
+
+// The host deals; a DEAL from the client is taken only as the answer to a rematch that this
+// host has not dealt yet, so that two DEALs that cross end on the host's deck.
+void WireProtocol::receiveDeal(const WireMessage& message) {
+    if (f_.g.gPlayMode == 1 && !rematchAsked_) return;
+    if (f_.g.gPlayMode == 2 && f_.connectionStatus) f_.connectionStatus->Unload();
+    dealFrom(message.fields[1], message.fields[2] == "1" ? 1 : 0);
+}
+
+void WireProtocol::dealFrom(const std::string& seed, int turn) {
+    MainVars& m = f_.m;
+    moves_.clear();
+    m.mDealSeed = seed;
+    m.mTurn = turn;
+    dealFromWire_ = true;
+    struct Reset {
+        bool& flag;
+        ~Reset() { flag = false; }
+    } reset{dealFromWire_};
+    f_.dealer.DealCards();
+}
+
+void WireProtocol::receiveNewg(int answer) {
+    Globals& g = f_.g;
+    if (g.gRematchPending) {
+        if (answer == 0) g.gRematchPending = false;
+        return;  // a refusal goes unreported while the question stands
+    }
+    if (f_.connectionStatus) f_.connectionStatus->Unload();
+    if (answer == 1)
+        f_.host.msgBox({"Your opponent declined a rematch.", "Rematch Declined", MsgIcon::Information, MsgButtons::OK,
+                        g.gPlayMode == 1});
+}
+
+void WireProtocol::receiveSetup(const WireMessage& message) {
+    int gameType = 0, rounds = 0, yaku = 0;
+    if (!number16(message, 1, gameType) || !number16(message, 2, rounds) || !number16(message, 3, yaku) ||
+        (gameType != 0 && gameType != 1) || (gameType == 1 && (rounds < 1 || rounds > 99))) {
+        outOfStep("the host's options \"" + message.text + "\" are no game that can be played");
+        return;
+    }
+    f_.settings.WriteSettings(gameType, rounds, -yaku, f_.g.gPlayMode);
+}
+
+void WireProtocol::receiveMove(const WireMessage& message) {
+    int what = 0, where = 0;
+    if (!number16(message, 1, what) || !number16(message, 2, where)) {
+        outOfStep("the move \"" + message.text + "\" names no card");
+        return;
+    }
+    if (moves_.size() >= kMaxMoves) {
+        outOfStep("the opponent sent more moves than a turn holds");
+        return;
+    }
+    moves_.push_back(message);
+}
+
+void WireProtocol::dealStarted() {
+    rematchAsked_ = false;
+    heldAnswers_.clear();
+}
+
+void WireProtocol::rematchAsked() {
+    rematchAsked_ = true;
+    const std::vector<int> held = std::move(heldAnswers_);
+    heldAnswers_.clear();
+    for (int answer : held) receiveNewg(answer);
+}
+
+void WireProtocol::reset() {
+    framer_.clear();
+    arrived_.clear();
+    moves_.clear();
+    heldAnswers_.clear();
+    rematchAsked_ = false;
+    tmrSettle.setEnabled(false);
+}
+
+void WireProtocol::outOfStep(const std::string& what) {
+    if (f_.g.gPlayMode <= 0) return;
+    reset();
+    f_.tcpMultiPlayer->Close();
+    f_.host.msgBox({"The two copies of the game are out of step: " + what +
+                        ".\n\nThe connection has been closed, and the game goes on without your opponent.",
+                    "Out of Step", MsgIcon::Exclamation, MsgButtons::OK});
+    if (f_.connectionStatus) f_.connectionStatus->Unload();
+    f_.g.gConnectState = 0;
+    f_.connection.fallBack(true);
+}
+
+}  // namespace petal

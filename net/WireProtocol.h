@@ -1,0 +1,75 @@
+#pragma once
+// What crosses the wire, both ways: sending with CompleteSend, and the receive path that cuts
+// the bytes into messages and dispatches each once, whole and in order. The remote player's
+// moves (CARD) wait in order for the turn driver; everything else acts on arrival.
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "net/MessageFramer.h"
+#include "platform/Timer.h"
+
+namespace petal {
+
+class FrmMain;
+
+class WireProtocol {
+public:
+    static constexpr int kSettleMs = 100;      // a held message ends when no byte came this long
+    static constexpr int kSendLimitMs = 30000;  // CompleteSend gives up after this
+    static constexpr std::size_t kMaxMoves = 8;  // a peer is never this many moves ahead
+
+    explicit WireProtocol(FrmMain& f);
+
+    // The socket's events.
+    void tcpMultiPlayer_DataArrival(long bytesTotal);
+    void tcpMultiPlayer_SendComplete();
+
+    // Sends one message and waits until it has left (nothing is sent without a connection).
+    void send(const std::string& message);
+    void CompleteSend();
+
+    // The oldest move of the remote player not yet replayed, or nullptr.
+    const WireMessage* nextMove() const { return moves_.empty() ? nullptr : &moves_.front(); }
+    void takeMove() { moves_.pop_front(); }
+    // True while a deal that came as DEAL is being dealt: it takes the seed and sends nothing.
+    bool dealFromWire() const { return dealFromWire_; }
+    // Deals from a seed text and a turn as a received DEAL gives them.
+    void dealFrom(const std::string& seed, int turn);
+    // A deal starts: answers held for the last one are void.
+    void dealStarted();
+    // This side has asked "Do you want to play again?": an answer that came early is taken now.
+    void rematchAsked();
+
+    // A message that the game cannot take: the player is told, the connection is closed and
+    // the game falls back to single play.
+    void outOfStep(const std::string& what);
+    // A new connection, or none: what waits from the last one is dropped.
+    void reset();
+
+    // Where a received chat line goes, marker not included.
+    std::function<void(const std::string& line)> chatReceived;
+
+private:
+    void framed(MessageFramer::Result result, std::vector<WireMessage>& arrived);
+    void dispatchAll();
+    void dispatch(const WireMessage& message);
+    void receiveDeal(const WireMessage& message);
+    void receiveNewg(int answer);
+    void receiveSetup(const WireMessage& message);
+    void receiveMove(const WireMessage& message);
+    void tmrSettle_Timer();
+
+    FrmMain& f_;
+    MessageFramer framer_;
+    std::deque<WireMessage> arrived_;  // framed, not yet dispatched
+    std::deque<WireMessage> moves_;    // CARD, for the turn driver
+    std::vector<int> heldAnswers_;     // NEWG that came before this side asked
+    bool rematchAsked_ = false;
+    bool dealFromWire_ = false;
+    bool dispatching_ = false;
+    Timer tmrSettle;
+};
+
+}  // namespace petal

@@ -1,0 +1,173 @@
+#include "platform/qt/QtSocket.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTimer>
+
+#include "platform/qt/QtHost.h"
+
+namespace petal {
+
+namespace {
+
+// The classic numbers of socket failures, which a player may look up; the text is the
+// platform's own.
+int errorNumber(QAbstractSocket::SocketError error) {
+    switch (error) {
+        case QAbstractSocket::ConnectionRefusedError: return 10061;
+        case QAbstractSocket::HostNotFoundError: return 11001;
+        case QAbstractSocket::SocketAccessError: return 10013;
+        case QAbstractSocket::SocketResourceError: return 10055;
+        case QAbstractSocket::SocketTimeoutError: return 10060;
+        case QAbstractSocket::NetworkError: return 10050;
+        case QAbstractSocket::AddressInUseError: return 10048;
+        case QAbstractSocket::SocketAddressNotAvailableError: return 10049;
+        case QAbstractSocket::UnsupportedSocketOperationError: return 10045;
+        case QAbstractSocket::RemoteHostClosedError: return 10054;
+        default: return 10000 + static_cast<int>(error);
+    }
+}
+
+}  // namespace
+
+QtSocket::QtSocket(QtHost& host) : host_(host) {}
+
+QtSocket::~QtSocket() {
+    // No event of a socket that is going may reach the game.
+    if (socket_) socket_->disconnect(this);
+    if (server_) server_->disconnect(this);
+    for (auto& [id, pending] : pending_)
+        if (pending) pending->disconnect(this);
+}
+
+void QtSocket::requireClosed() const {
+    if (state_ != sckClosed) throw SocketError(kInvalidOperation, "Invalid operation at current state");
+}
+
+void QtSocket::raiseError(int number, const std::string& description) {
+    state_ = sckError;
+    host_.dispatch([this, number, description] {
+        if (Error) Error(number, description);
+    });
+}
+
+void QtSocket::Listen() {
+    requireClosed();
+    server_ = new QTcpServer(this);
+    connect(server_, &QTcpServer::newConnection, this, &QtSocket::onIncoming);
+    if (!server_->listen(QHostAddress::Any, static_cast<quint16>(LocalPort))) {
+        const int number = errorNumber(server_->serverError());
+        const std::string text = server_->errorString().toStdString();
+        delete server_;
+        // Told as the socket's error event, after the caller is done.
+        QTimer::singleShot(0, this, [this, number, text] { raiseError(number, text); });
+        return;
+    }
+    state_ = sckListening;
+}
+
+// Each connection that comes is offered to the game; one that it does not accept is closed.
+void QtSocket::onIncoming() {
+    while (server_ && server_->hasPendingConnections()) {
+        QTcpSocket* incoming = server_->nextPendingConnection();
+        incoming->setParent(this);
+        const long id = nextRequest_++;
+        pending_[id] = incoming;
+        host_.dispatch([this, id] {
+            if (ConnectionRequest) ConnectionRequest(id);
+        });
+        const auto left = pending_.find(id);
+        if (left != pending_.end()) {
+            if (left->second) left->second->close(), left->second->deleteLater();
+            pending_.erase(left);
+        }
+    }
+}
+
+void QtSocket::Accept(long requestID) {
+    const auto it = pending_.find(requestID);
+    if (it == pending_.end() || !it->second) return;
+    QTcpSocket* accepted = it->second;
+    pending_.erase(it);
+    adopt(accepted);
+    state_ = sckConnected;
+    if (accepted->bytesAvailable() > 0)
+        QTimer::singleShot(0, this, [this, accepted] {
+            if (socket_ == accepted) host_.dispatch([this, accepted] {
+                if (DataArrival) DataArrival(static_cast<long>(accepted->bytesAvailable()));
+            });
+        });
+}
+
+void QtSocket::Connect() {
+    requireClosed();
+    auto* socket = new QTcpSocket(this);
+    adopt(socket);
+    state_ = sckResolvingHost;
+    socket->connectToHost(QString::fromStdString(RemoteHost), static_cast<quint16>(RemotePort));
+}
+
+void QtSocket::adopt(QTcpSocket* socket) {
+    socket_ = socket;
+    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+    connect(socket, &QTcpSocket::stateChanged, this, [this, socket](QAbstractSocket::SocketState s) {
+        if (socket_ != socket) return;
+        if (s == QAbstractSocket::HostLookupState) state_ = sckResolvingHost;
+        else if (s == QAbstractSocket::ConnectingState) state_ = sckConnecting;
+        else if (s == QAbstractSocket::ConnectedState) state_ = sckConnected;
+        else if (s == QAbstractSocket::UnconnectedState && state_ == sckConnected) state_ = sckClosing;
+    });
+    connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
+        if (socket_ != socket) return;
+        host_.dispatch([this, socket] {
+            if (DataArrival && socket_ == socket) DataArrival(static_cast<long>(socket->bytesAvailable()));
+        });
+    });
+    connect(socket, &QTcpSocket::bytesWritten, this, [this, socket] {
+        if (socket_ != socket || socket->bytesToWrite() > 0) return;
+        host_.dispatch([this] {
+            if (SendComplete) SendComplete();
+        });
+    });
+    connect(socket, &QTcpSocket::errorOccurred, this, [this, socket](QAbstractSocket::SocketError error) {
+        if (socket_ == socket) onSocketError(error, socket->errorString());
+    });
+}
+
+void QtSocket::onSocketError(int error, const QString& text) {
+    // The peer's orderly close is a state, not a failure.
+    if (error == QAbstractSocket::RemoteHostClosedError) {
+        state_ = sckClosing;
+        return;
+    }
+    raiseError(errorNumber(static_cast<QAbstractSocket::SocketError>(error)), text.toStdString());
+}
+
+void QtSocket::Close() {
+    if (server_) {
+        server_->disconnect(this);
+        server_->close();
+        server_->deleteLater();
+        server_ = nullptr;
+    }
+    if (socket_) {
+        QTcpSocket* old = socket_;
+        socket_ = nullptr;
+        old->disconnect(this);
+        old->disconnectFromHost();  // what was written still goes out before the end
+        old->deleteLater();
+    }
+    state_ = sckClosed;
+}
+
+void QtSocket::SendData(const std::string& data) {
+    if (!socket_ || state_ != sckConnected) return;
+    socket_->write(data.data(), static_cast<qint64>(data.size()));
+}
+
+std::string QtSocket::GetData() {
+    if (!socket_) return {};
+    return socket_->readAll().toStdString();
+}
+
+}  // namespace petal

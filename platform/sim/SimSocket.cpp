@@ -1,0 +1,81 @@
+#include "platform/sim/SimSocket.h"
+
+#include <algorithm>
+
+#include "platform/sim/SimHost.h"
+#include "platform/sim/SimNetwork.h"
+
+namespace petal {
+
+SimSocket::SimSocket(SimHost& host, SimNetwork* network)
+    : host_(&host), network_(network), id_(network ? network->add(*this) : 0) {}
+
+SimSocket::~SimSocket() {
+    if (network_) network_->remove(*this);
+    if (host_) {
+        auto& list = host_->sockets_;
+        list.erase(std::remove(list.begin(), list.end(), this), list.end());
+    }
+    *alive_ = false;
+}
+
+void SimSocket::requireClosed() const {
+    if (state_ != sckClosed) throw SocketError(kInvalidOperation, "Invalid operation at current state");
+}
+
+void SimSocket::post(std::int64_t delay, std::function<void(SimSocket&)> event) {
+    if (!host_) return;
+    host_->schedule(host_->now() + delay, [alive = alive_, self = this, event = std::move(event)] {
+        if (*alive) event(*self);
+    });
+}
+
+void SimSocket::raiseError(int number, const std::string& description) {
+    state_ = sckError;
+    if (Error) Error(number, description);
+}
+
+void SimSocket::raiseDataArrival() {
+    if (DataArrival) DataArrival(static_cast<long>(inbound.size()));
+}
+
+void SimSocket::Listen() {
+    requireClosed();
+    if (!network_) {
+        post(0, [](SimSocket& s) { s.raiseError(10050, "The network is down"); });
+        return;
+    }
+    network_->listen(*this);
+}
+
+void SimSocket::Connect() {
+    requireClosed();
+    if (!network_) {
+        post(0, [](SimSocket& s) { s.raiseError(10050, "The network is down"); });
+        return;
+    }
+    network_->connect(*this);
+}
+
+void SimSocket::Accept(long requestID) {
+    if (network_) network_->accept(*this, requestID);
+}
+
+void SimSocket::Close() {
+    if (network_) network_->close(*this);
+    state_ = sckClosed;
+    link = 0;
+    inbound.clear();
+}
+
+void SimSocket::SendData(const std::string& data) {
+    if (state_ == sckConnected && network_) network_->send(*this, data);
+}
+
+std::string SimSocket::GetData() {
+    std::string taken;
+    taken.swap(inbound);
+    return taken;
+}
+
+}  // namespace petal

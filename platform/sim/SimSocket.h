@@ -1,0 +1,51 @@
+#pragma once
+// A socket of a simulated program, joined to others by the world's SimNetwork. Its events run
+// as handlers of its own program at virtual times that the network sets.
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/Socket.h"
+
+namespace petal {
+
+class SimHost;
+class SimNetwork;
+
+class SimSocket : public Socket {
+public:
+    SimSocket(SimHost& host, SimNetwork* network);
+    ~SimSocket() override;
+
+    int State() const override { return state_; }
+    void Listen() override;
+    void Connect() override;
+    void Accept(long requestID) override;
+    void Close() override;
+    void SendData(const std::string& data) override;
+    std::string GetData() override;
+
+    // For the network.
+    int id() const { return id_; }
+    SimHost* host() const { return host_; }
+    void hostGone() { host_ = nullptr; }
+    void setState(int state) { state_ = state; }
+    int link = 0;         // the connection this socket is an end of; 0 none
+    std::string inbound;  // arrived, not yet taken
+    // Runs an event of this socket on its program, unless the socket is gone by then.
+    void post(std::int64_t delay, std::function<void(SimSocket&)> event);
+    void raiseError(int number, const std::string& description);
+    void raiseDataArrival();
+
+private:
+    void requireClosed() const;
+
+    SimHost* host_;
+    SimNetwork* network_;
+    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
+    int id_;
+    int state_ = sckClosed;
+};
+
+}  // namespace petal

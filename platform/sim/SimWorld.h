@@ -1,0 +1,51 @@
+#pragma once
+// Several simulated programs on one virtual clock, joined by a simulated network. Each host
+// runs its handlers on a stack of its own; the world, on the caller's stack, runs the next due
+// event of whichever host has one, so that nested waits of two programs never hold each other
+// up. Everything is deterministic: the same calls give the same run.
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace petal {
+
+class SimHost;
+class SimNetwork;
+
+class SimWorld {
+public:
+    SimWorld();
+    ~SimWorld();
+    SimWorld(const SimWorld&) = delete;
+    SimWorld& operator=(const SimWorld&) = delete;
+
+    // The host's clock becomes the world's; the world must outlive it.
+    void join(SimHost& host);
+
+    std::int64_t now() const { return now_; }
+    SimNetwork& network() { return *network_; }
+
+    // Runs the next due event of any host. False when no host has one.
+    bool step();
+    // Steps until done() holds; false if time passes limitMs or nothing is left to run.
+    bool runUntil(const std::function<bool()>& done, std::int64_t limitMs);
+    void advance(std::int64_t ms);
+    // Runs fn now on the host's own stack, as input to that program would: inside a wait of
+    // that program if one is open. A failure of a test script in any host is rethrown here.
+    void act(SimHost& host, std::function<void()> fn);
+
+private:
+    friend class SimHost;
+    void leave(SimHost& host);
+    void resume(SimHost& host, std::function<void()> command);
+    // A program that has ended leaves its open waits, so that its stack unwinds.
+    void unwindEnded();
+
+    std::int64_t now_ = 0;
+    std::uint64_t seq_ = 0;
+    std::vector<SimHost*> hosts_;
+    std::unique_ptr<SimNetwork> network_;
+};
+
+}  // namespace petal

@@ -1,0 +1,26 @@
+#pragma once
+// Compares the records of a host and a client: the same deals, each move of one side's local
+// player as the other side's remote move, the cards in the same places with the sides swapped,
+// and at the end of every deal the two scores swapped.
+#include <deque>
+#include <string>
+
+#include "Tracer.h"
+
+namespace petal::sim {
+
+class MirrorCheck {
+public:
+    std::deque<Record> host, client;
+
+    // Compares what both sides have recorded so far; the first difference in words, or "".
+    std::string compare();
+    // A broken session leaves records that the other side never saw: they are dropped.
+    void forgetUnmatched();
+    int compared() const { return compared_; }
+
+private:
+    int compared_ = 0;
+};
+
+}  // namespace petal::sim

@@ -1,0 +1,116 @@
+#include "Tracer.h"
+
+#include <cstdio>
+#include <ostream>
+
+#include "cards/Val.h"
+#include "shell/FrmMain.h"
+
+namespace petal::sim {
+
+std::string jsonString(const std::string& text) {
+    std::string out = "\"";
+    for (unsigned char ch : text) {
+        if (ch == '"' || ch == '\\') {
+            out += '\\';
+            out += static_cast<char>(ch);
+        } else if (ch < 0x20) {
+            char escaped[8];
+            std::snprintf(escaped, sizeof escaped, "\\u%04x", ch);
+            out += escaped;
+        } else {
+            out += static_cast<char>(ch);
+        }
+    }
+    return out + "\"";
+}
+
+void Tracer::dealt() {
+    if (log) {
+        Record r;
+        r.kind = Record::Kind::Deal;
+        r.seed = f_.m.mDealSeed;
+        r.lead = f_.m.mTurn;
+        r.yaku = f_.g.gUseYaku ? 1 : 0;
+        for (const CardRecord& card : f_.m.mCards) r.cards.push_back(card.Index);
+        log->push_back(std::move(r));
+    }
+    if (!out_) return;
+    std::string line = "{\"ev\":\"deal\",\"seed\":" + jsonString(f_.m.mDealSeed) + ",\"lead\":" + std::to_string(f_.m.mTurn) +
+                       ",\"yaku\":" + (f_.g.gUseYaku ? "1" : "0") + ",\"cards\":[";
+    for (int p = 0; p < 48; ++p) line += (p ? "," : "") + std::to_string(f_.m.mCards[p].Index);
+    *out_ << line << "]}\n";
+}
+
+void Tracer::moved(int side, bool fromDeck, int pos, int took, int slot) {
+    if (log) {
+        Record r;
+        r.kind = Record::Kind::Move;
+        r.side = side;
+        r.fromDeck = fromDeck;
+        r.pos = pos;
+        r.took = took;
+        r.slot = slot;
+        snapshot(r);
+        log->push_back(std::move(r));
+    }
+    if (!out_) return;
+    *out_ << "{\"ev\":\"move\",\"side\":" << side << ",\"from\":\"" << (fromDeck ? "flip" : "hand") << "\",\"pos\":" << pos
+          << ",\"took\":" << took << ",\"slot\":" << slot << "}\n";
+}
+
+void Tracer::claimed(int side, int pos, int slot) {
+    if (log) {
+        Record r;
+        r.kind = Record::Kind::Claim;
+        r.side = side;
+        r.pos = pos;
+        r.slot = slot;
+        log->push_back(std::move(r));
+    }
+    if (out_) *out_ << "{\"ev\":\"claim\",\"side\":" << side << ",\"pos\":" << pos << ",\"slot\":" << slot << "}\n";
+}
+
+void Tracer::dealEnded() {
+    ++ended;
+    const int p = static_cast<int>(Val(f_.ctl.panel[0].lblPointsTotal[3].Caption));
+    const int c = static_cast<int>(Val(f_.ctl.panel[1].lblPointsTotal[3].Caption));
+    if (log) {
+        Record r;
+        r.kind = Record::Kind::End;
+        r.p = p;
+        r.c = c;
+        r.pyaku = complete(0);
+        r.cyaku = complete(1);
+        log->push_back(std::move(r));
+    }
+    if (out_)
+        *out_ << "{\"ev\":\"end\",\"p\":" << p << ",\"c\":" << c << ",\"pyaku\":" << complete(0)
+              << ",\"cyaku\":" << complete(1) << "}\n";
+}
+
+int Tracer::complete(int side) const {
+    int n = 0;
+    for (int g = 0; g < 8; ++g) n += f_.m.mYakuCards[side][g] == 3 ? 1 : 0;
+    return n;
+}
+
+// Where every card lies when a move comes to rest: the table by its Tags, the piles by their
+// pictures, which name the cards.
+void Tracer::snapshot(Record& r) const {
+    r.where.fill(-1);
+    const auto& c = f_.ctl;
+    for (std::size_t slot = 0; slot < c.imgTCard.size(); ++slot)
+        if (c.imgTCard[slot].hasPicture()) r.where.at(Val(c.imgTCard[slot].Tag)) = 100 + static_cast<int>(slot);
+    std::array<int, 72> positionOf{};
+    positionOf.fill(-1);
+    for (int p = 0; p < 48; ++p) positionOf.at(f_.m.mCards[p].Picture) = p;
+    for (int side = 0; side < 2; ++side)
+        for (int row = 0; row < 4; ++row)
+            for (const Image& card : c.panel[side].piles[row])
+                if (card.hasPicture()) r.where.at(positionOf.at(card.Picture)) = 200 + 10 * side + row;
+    r.yakuCards = f_.m.mYakuCards;
+    r.points = f_.m.mPoints;
+}
+
+}  // namespace petal::sim
