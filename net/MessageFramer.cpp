@@ -1,5 +1,6 @@
 #include "net/MessageFramer.h"
 
+#include <algorithm>
 #include <array>
 
 namespace petal {
@@ -16,6 +17,8 @@ struct Outcome {
 constexpr std::array<std::string_view, 8> kTags = {"SEUP", "DEAL", "CARD", "QUIT", "SCOP", "SCCL", "NEWG", "CHAT"};
 constexpr std::size_t kMaxSeed = 64;
 constexpr std::size_t kMaxDigits = 5;  // 16-bit values
+// The longest message but a chat line (a deal with its longest seed), and the tag after it.
+constexpr std::size_t kLongestMessage = 5 + kMaxSeed + 2 + 4;
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -79,7 +82,7 @@ Outcome deal(std::string_view data, std::size_t at) {
     return flagAt(data, at, end);
 }
 
-Outcome message(std::string_view data, std::size_t at, std::string_view tag, bool settled);
+Outcome message(std::string_view data, std::size_t at, std::string_view tag, bool settled, std::size_t from = 0);
 
 // Whether a message that has fields begins at `at` and is followed by the end of the bytes or
 // by another tag: the place where a chat line that was sent with others behind it ends. Bare
@@ -95,21 +98,22 @@ bool messageBegins(std::string_view data, std::size_t at, bool settled) {
     return after == data.size() || tagAt(data, after, following) != Parse::Malformed;
 }
 
-// A chat line runs to the next message, or to the end of the bytes.
-Outcome chat(std::string_view data, std::size_t at, bool settled) {
+// A chat line runs to the next message, or to the end of the bytes. Places before `from` are
+// known to start no message.
+Outcome chat(std::string_view data, std::size_t at, bool settled, std::size_t from) {
     if (const Parse c = comma(data, at + 4); c != Parse::Complete) return {c};
-    for (std::size_t i = at + 6; i < data.size(); ++i)
+    for (std::size_t i = std::max(at + 6, from); i < data.size(); ++i)
         if (messageBegins(data, i, settled)) return {Parse::Complete, i - at};
     return settled ? Outcome{Parse::Complete, data.size() - at} : Outcome{Parse::NeedMore};
 }
 
-Outcome message(std::string_view data, std::size_t at, std::string_view tag, bool settled) {
+Outcome message(std::string_view data, std::size_t at, std::string_view tag, bool settled, std::size_t from) {
     if (tag == "QUIT" || tag == "SCOP" || tag == "SCCL") return {Parse::Complete, 4};
     if (tag == "NEWG") return flagAt(data, at, at + 4);
     if (tag == "DEAL") return deal(data, at);
     if (tag == "CARD") return numbers(data, at, 2, settled);
     if (tag == "SEUP") return numbers(data, at, 3, settled);
-    return chat(data, at, settled);
+    return chat(data, at, settled, from);
 }
 
 // A short, printable quotation of bytes that broke the grammar.
@@ -141,6 +145,7 @@ MessageFramer::Result MessageFramer::settle(std::vector<WireMessage>& out) { ret
 
 void MessageFramer::clear() {
     pending_.clear();
+    scanned_ = 0;
     problem_.clear();
 }
 
@@ -155,8 +160,15 @@ MessageFramer::Result MessageFramer::take(bool settled, std::vector<WireMessage>
             problem_ = "the bytes " + quote(data.substr(at)) + " are no message of the game";
             return Result::Malformed;
         }
-        const Outcome next = message(data, at, tag, settled);
-        if (next.parse == Parse::NeedMore) break;
+        // A chat line held from earlier reads is not searched again where the next message cannot
+        // begin; only its tail, where a message may have come whole since, is looked at anew.
+        const std::size_t from = at == 0 && scanned_ > kLongestMessage ? scanned_ - kLongestMessage : 0;
+        const Outcome next = message(data, at, tag, settled, from);
+        if (next.parse == Parse::NeedMore) {
+            scanned_ = data.size() - at;
+            if (at > 0) scanned_ = 0;
+            break;
+        }
         if (next.parse == Parse::Malformed) {
             problem_ = "the message " + quote(data.substr(at)) + " is not of the shape of " + std::string(tag);
             return Result::Malformed;
@@ -165,6 +177,13 @@ MessageFramer::Result MessageFramer::take(bool settled, std::vector<WireMessage>
         out.push_back({std::string(text), splitFields(text)});
         at += next.length;
     }
+    // A send arrives whole within moments: what is still cut short once the stream has settled
+    // was never a message.
+    if (settled && at < data.size()) {
+        problem_ = "the message " + quote(data.substr(at)) + " is cut short";
+        return Result::Malformed;
+    }
+    if (at > 0) scanned_ = 0;
     pending_.erase(0, at);
     if (pending_.size() > kMaxPending) {
         problem_ = "more than " + std::to_string(kMaxPending / 1024) + " KiB arrived without the end of a message";

@@ -36,6 +36,7 @@ private:
     Result take(bool settled, std::vector<WireMessage>& out);
 
     std::string pending_;
+    std::size_t scanned_ = 0;  // how far a held chat line has been searched for its end
     std::string problem_;
 };
 

@@ -1,0 +1,218 @@
+// What the survivor of a lost connection sees in each phase of a game, the socket's errors,
+// the two cancel questions, and messages that no copy of the game would send.
+#include <algorithm>
+
+#include "NetFixture.h"
+#include "SimPlay.h"
+#include "Policy.h"
+#include "net/FrmConnectionStatus.h"
+#include "platform/sim/SimNetwork.h"
+#include "scoring/FrmScoreCard.h"
+
+namespace petal::test {
+namespace {
+
+enum class Phase { WaitingForTheDeal, OpponentsTurn, FlippedCardWaits, ScoreCardOpen, RematchQuestion };
+
+struct Loss {
+    Phase phase;
+    bool hostSurvives;
+};
+
+std::string lossName(const Loss& loss) {
+    static const char* names[] = {"WaitingForTheDeal", "OpponentsTurn", "FlippedCardWaits", "ScoreCardOpen",
+                                  "RematchQuestion"};
+    return std::string(names[static_cast<int>(loss.phase)]) + (loss.hostSurvives ? "HostSurvives" : "ClientSurvives");
+}
+
+class PeerLost : public NetFixture, public ::testing::WithParamInterface<Loss> {
+protected:
+    void leave(Side& side) {
+        act(side, [&side] { side.host.endProgram(); });
+    }
+    // Plays on until the survivor's own flipped card waits to be placed.
+    bool untilFlipWaits(Side& survivor) {
+        sim::Policy first(false, 0);
+        for (int guard = 0; guard < 50'000; ++guard) {
+            FrmMain& s = survivor.f();
+            if (s.ctl.shpFlipCard.Visible && s.m.mTurn == 0 && !survivor.host.waiting()) return true;
+            bool moved = false;
+            for (Side* side : {&host, &client}) {
+                if (moved || side->host.waiting() || !sim::canMove(side->f())) continue;
+                act(*side, [&] { moved = sim::localMove(side->f(), first); });
+            }
+            if (!moved && !world.step()) return false;
+        }
+        return false;
+    }
+};
+
+TEST_P(PeerLost, TheSurvivorIsToldAndPlaysAlone) {
+    const Loss loss = GetParam();
+    Side& survivor = loss.hostSurvives ? host : client;
+    Side& leaver = loss.hostSurvives ? client : host;
+    survivor.answers["Remote Connection Closed"] = MsgResult::OK;
+    survivor.answers["Reconnect"] = MsgResult::No;
+    if (loss.phase == Phase::ScoreCardOpen) hostOptions(1, 3, true);
+    ASSERT_TRUE(connect());
+    if (loss.phase != Phase::WaitingForTheDeal) {
+        // The leaver leads, so that the survivor waits for its moves.
+        act(host, [&] { host.f().m.mTurn = loss.hostSurvives ? 1 : 0; });
+        ASSERT_TRUE(deal());
+    }
+    if (loss.phase == Phase::FlippedCardWaits) ASSERT_TRUE(untilFlipWaits(survivor));
+    if (loss.phase == Phase::ScoreCardOpen || loss.phase == Phase::RematchQuestion) {
+        // The leaver goes while the survivor's card, or its question, stands.
+        survivor.onForm = [&](Form& form) {
+            if (!dynamic_cast<FrmScoreCard*>(&form)) return;
+            leaver.host.endProgram();
+            survivor.host.waitUntil([&] { return !form.loaded() || survivor.f().g.gPlayMode == 0; });
+        };
+        leaver.onForm = [](Form& form) { form.Unload(); };
+        leaver.answers["Play Again?"] = MsgResult::No;
+        survivor.host.onMsgBox = [&, original = survivor.host.onMsgBox](const MsgBox& box) {
+            if (box.title != "Play Again?") return original(box);
+            leaver.host.endProgram();
+            survivor.host.waitUntil([&] { return survivor.f().g.gPlayMode == 0; });
+            return MsgResult::Yes;
+        };
+        ASSERT_TRUE(playUntil([&] { return survivor.f().g.gPlayMode == 0; }));
+    } else {
+        leave(leaver);
+    }
+    ASSERT_TRUE(runUntil([&] { return survivor.f().g.gPlayMode == 0 && !survivor.host.waiting(); }));
+    FrmMain& s = survivor.f();
+    EXPECT_TRUE(survivor.shown(loss.hostSurvives ? "Your opponent has just terminated the network connection."
+                                                 : "Your host has just terminated the network connection."));
+    EXPECT_EQ(s.Caption, "Petalgarden");
+    EXPECT_EQ(s.socketState(), 0);
+    EXPECT_EQ(s.connectionStatus, nullptr);
+    EXPECT_EQ(s.scoreCard, nullptr);
+    EXPECT_FALSE(s.menu.mnuVChat.Enabled);
+    EXPECT_FALSE(s.tmrWinsockState.Enabled());
+    if (loss.phase != Phase::RematchQuestion) {
+        EXPECT_EQ(s.g.gGameInProgress, 0);
+        EXPECT_FALSE(s.ctl.imgFlipCard.hasPicture());
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    EachPhase, PeerLost,
+    ::testing::Values(Loss{Phase::WaitingForTheDeal, false}, Loss{Phase::WaitingForTheDeal, true},
+                      Loss{Phase::OpponentsTurn, false}, Loss{Phase::OpponentsTurn, true},
+                      Loss{Phase::FlippedCardWaits, false}, Loss{Phase::FlippedCardWaits, true},
+                      Loss{Phase::ScoreCardOpen, false}, Loss{Phase::ScoreCardOpen, true},
+                      Loss{Phase::RematchQuestion, false}, Loss{Phase::RematchQuestion, true}),
+    [](const auto& info) { return lossName(info.param); });
+
+class NetFault : public NetFixture {};
+
+TEST_F(NetFault, AResetConnectionIsAnErrorOnOneSideAndALossOnTheOther) {
+    host.answers["Winsock Error 10054"] = MsgResult::OK;
+    client.answers["Remote Connection Closed"] = MsgResult::OK;
+    ASSERT_TRUE(connect());
+    ASSERT_TRUE(deal());
+    world.network().drop(true);
+    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0; }));
+    world.advance(1000);
+    // The host is told the socket's own words and listens no more; it asks nothing.
+    EXPECT_TRUE(host.shown("Connection reset by peer"));
+    EXPECT_EQ(host.f().socketState(), 0);
+    EXPECT_EQ(host.f().g.gPlayMode, 1);
+    const auto titles = host.titles();
+    EXPECT_EQ(std::count(titles.begin(), titles.end(), "Reconnect"), 0);
+    EXPECT_TRUE(client.shown("Your host has just terminated the network connection."));
+}
+
+TEST_F(NetFault, AClientsErrorAsksToReconnectAndAHostThatSaysYesListensAgain) {
+    client.answers["Winsock Error 10054"] = MsgResult::OK;
+    client.answers["Reconnect"] = MsgResult::No;
+    host.answers["Remote Connection Closed"] = MsgResult::OK;
+    host.answers["Reconnect"] = MsgResult::Yes;
+    ASSERT_TRUE(connect());
+    ASSERT_TRUE(deal());
+    world.network().drop(false);
+    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0 && host.f().socketState() == 2; }));
+    EXPECT_TRUE(client.shown("Do you want to try and reconnect?"));
+    EXPECT_TRUE(host.shown("Your opponent has just terminated the network connection."));
+    EXPECT_EQ(host.f().g.gGameInProgress, 0);
+    // A new client gets the options afresh; its table, left as it was, is reset first.
+    client.answers.erase("Reconnect");
+    client.answers["Reset Game"] = MsgResult::Yes;
+    act(client, [&] { client.f().mnuSetup_Click(); });
+    const auto successes = [&] {
+        const auto titles = host.titles();
+        return std::count(titles.begin(), titles.end(), "Connection Successful");
+    };
+    ASSERT_TRUE(runUntil([&] { return successes() == 2; }));
+    ASSERT_TRUE(runUntil([&] { return client.f().g.gRounds == host.f().g.gRounds && client.f().m.mConnected; }));
+}
+
+TEST_F(NetFault, ARefusedConnectionIsTheClientsErrorAndYesTriesAgain) {
+    client.answers["Winsock Error 10061"] = MsgResult::OK;
+    int tries = 0;
+    client.host.onMsgBox = [&, original = client.host.onMsgBox](const MsgBox& box) {
+        if (box.title != "Reconnect") return original(box);
+        return ++tries < 3 ? MsgResult::Yes : MsgResult::No;
+    };
+    client.mode = 2;
+    act(client, [&] { client.f().mnuSetup_Click(); });  // nobody listens
+    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0; }));
+    EXPECT_EQ(tries, 3);
+    EXPECT_TRUE(client.shown("Connection refused"));
+    EXPECT_EQ(client.f().connectionStatus, nullptr);
+}
+
+// Cancel in a wait of the network asks first; No keeps the wait, Yes ends the session.
+TEST_F(NetFault, TheCancelQuestionsOfTheHostAndOfTheClient) {
+    std::vector<MsgResult> replies = {MsgResult::No, MsgResult::Yes};
+    for (Side* side : {&host, &client}) {
+        side->host.onMsgBox = [&, side, original = side->host.onMsgBox](const MsgBox& box) {
+            if (box.title != "Cancel Connection" && box.title != "Close Connection") return original(box);
+            const MsgResult reply = replies.front();
+            std::rotate(replies.begin(), replies.begin() + 1, replies.end());
+            return reply;
+        };
+    }
+    host.answers["Remote Connection Closed"] = MsgResult::OK;
+    host.answers["Reconnect"] = MsgResult::No;
+    // The host's wait: cancelled once (No: it stays and listens), then again (Yes).
+    const auto setUp = host.onForm;
+    host.onForm = [&](Form& form) {
+        auto* status = dynamic_cast<FrmConnectionStatus*>(&form);
+        if (!status) return setUp(form);
+        status->cmdCancel_Click();
+        EXPECT_TRUE(status->loaded());
+        EXPECT_EQ(host.f().socketState(), 2);
+        status->cmdCancel_Click();
+    };
+    act(host, [&] { host.f().mnuSetup_Click(); });
+    ASSERT_TRUE(runUntil([&] { return host.f().g.gPlayMode == 0; }));
+    EXPECT_TRUE(host.shown("Your opponent will not be able to connect to your computer if you proceed.  Do you wish to proceed?"));
+    EXPECT_EQ(host.f().socketState(), 0);
+    EXPECT_EQ(host.f().g.gPlayMode, 0);
+    EXPECT_EQ(host.f().Caption, "Petalgarden");
+
+    // The client's wait for the first deal, on a host that listens again.
+    host.onForm = setUp;
+    const auto join = client.onForm;
+    client.onForm = [&](Form& form) {
+        auto* status = dynamic_cast<FrmConnectionStatus*>(&form);
+        if (!status) return join(form);
+        if (status->Label1 != "Waiting for your host to start the game") {
+            client.host.waitUntil([status] { return !status->loaded(); });
+            return;
+        }
+        status->cmdCancel_Click();
+        EXPECT_TRUE(status->loaded());
+        status->cmdCancel_Click();
+    };
+    act(host, [&] { host.f().mnuSetup_Click(); });
+    act(client, [&] { client.f().mnuSetup_Click(); });
+    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0 && host.f().g.gPlayMode == 0; }));
+    EXPECT_TRUE(client.shown("Connection to your opponent will be terminated.  Do you want to proceed? "));
+    EXPECT_TRUE(host.shown("Your opponent has just terminated the network connection."));
+}
+
+}  // namespace
+}  // namespace petal::test
