@@ -205,7 +205,7 @@ void WireProtocol::reset() {
     tmrSettle.setEnabled(false);
 }
 
-void WireProtocol::outOfStep(const std::string& what) {
+void WireProtocol::outOfStep(std::string what) {
     if (f_.g.gPlayMode <= 0) return;
     reset();
     f_.tcpMultiPlayer->Close();

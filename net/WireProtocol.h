@@ -44,7 +44,7 @@ public:
 
     // A message that the game cannot take: the player is told, the connection is closed and
     // the game falls back to single play.
-    void outOfStep(const std::string& what);
+    void outOfStep(std::string what);
     // A new connection, or none: what waits from the last one is dropped.
     void reset();
 

@@ -1,5 +1,7 @@
 #include "shell/FormDialogs.h"
 
+#include "net/ConnectionStatusDialog.h"
+#include "net/FrmConnectionStatus.h"
 #include "records/FrmHOF.h"
 #include "records/FrmHOFWinner.h"
 #include "records/HofDialog.h"
@@ -21,6 +23,9 @@ void registerFormDialogs(QtHost& host, PictureStore& pictures) {
     });
     host.registerDialog("frmHOF", [&host, &pictures](Form& form, QWidget* parent) {
         return new HofDialog(static_cast<FrmHOF&>(form), host, pictures, parent);
+    });
+    host.registerDialog("frmConnectionStatus", [&host, &pictures](Form& form, QWidget* parent) {
+        return new ConnectionStatusDialog(static_cast<FrmConnectionStatus&>(form), host, pictures, parent);
     });
     host.registerDialog("frmSetup", [&host, &pictures](Form& form, QWidget* parent) {
         return new SetupDialog(static_cast<FrmSetup&>(form), host, pictures, parent);

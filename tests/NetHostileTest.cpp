@@ -120,8 +120,10 @@ TEST_P(HostileMessage, WhatDoesNotFitIsNeverAppliedAndEndsTheSession) {
     joinAndDeal();
     send(GetParam().bytes(*this));
     ASSERT_TRUE(runUntil([&] { return host.f().g.gPlayMode == 0; }, 5000));
-    const auto titles = host.titles();
-    EXPECT_NE(std::find(titles.begin(), titles.end(), "Out of Step"), titles.end());
+    const auto& boxes = host.host.shownBoxes();
+    const auto told = std::find_if(boxes.begin(), boxes.end(), [](const MsgBox& b) { return b.title == "Out of Step"; });
+    ASSERT_NE(told, boxes.end());
+    EXPECT_EQ(told->text.find("out of step: ."), std::string::npos) << "the reason is told: " << told->text;
     EXPECT_TRUE(moves.made.empty()) << "no move of the peer was applied";
     EXPECT_EQ(host.f().g.gGameInProgress, 0);
     EXPECT_EQ(host.f().socketState(), 0);

@@ -1,0 +1,73 @@
+#include "net/ConnectionStatusDialog.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "assets/PictureStore.h"
+#include "assets/Pictures.h"
+#include "net/FrmConnectionStatus.h"
+#include "platform/qt/QtHost.h"
+
+namespace petal {
+
+namespace {
+// The crane, the moon and the phoenix: three cards that read well small.
+constexpr PictureId kCards[3] = {pic::card(0), pic::card(28), pic::card(44)};
+constexpr int kSyncMs = 100;
+}  // namespace
+
+ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost& host, PictureStore& pictures,
+                                               QWidget* parent)
+    : FormDialog(form, host, parent), form_(form), message_(new QLabel(this)) {
+    setWindowTitle(QString::fromStdString(form.Caption));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(18, 14, 18, 12);
+    layout->setSpacing(12);
+    message_->setText(QString::fromStdString(form.Label1));
+    message_->setAlignment(Qt::AlignCenter);
+    message_->setWordWrap(true);
+    layout->addWidget(message_);
+    auto* row = new QHBoxLayout;
+    row->setSpacing(10);
+    row->addStretch();
+    const qreal dpr = devicePixelRatioF();
+    for (int i = 0; i < 3; ++i) {
+        cards_[i] = new QLabel(this);
+        cards_[i]->setFixedSize(50, 80);
+        cards_[i]->setPixmap(pictures.pixmap(kCards[i], QSize(50, 80), dpr));
+        // A hidden card keeps its place, so the row does not jump.
+        auto policy = cards_[i]->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        cards_[i]->setSizePolicy(policy);
+        row->addWidget(cards_[i]);
+    }
+    row->addStretch();
+    layout->addLayout(row);
+    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    cancel->setFixedWidth(90);
+    layout->addWidget(cancel, 0, Qt::AlignHCenter);
+    onClick(cancel, [this] { form_.cmdCancel_Click(); });
+    // The model's timer steps the animation; the view follows it.
+    auto* follow = new QTimer(this);
+    connect(follow, &QTimer::timeout, this, [this] { sync(); });
+    follow->start(kSyncMs);
+    setMinimumWidth(340);
+    sync();
+}
+
+void ConnectionStatusDialog::sync() {
+    if (!form_.loaded()) return;
+    setWindowTitle(QString::fromStdString(form_.Caption));
+    message_->setText(QString::fromStdString(form_.Label1));
+    for (int i = 0; i < 3; ++i) cards_[i]->setVisible(form_.imgCardVisible[i]);
+}
+
+// The close box asks as Cancel does.
+void ConnectionStatusDialog::reject() {
+    forward([this] { form_.Unload(true); });
+}
+
+}  // namespace petal
