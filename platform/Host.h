@@ -47,6 +47,9 @@ public:
     virtual std::string dateText() = 0;  // "mm/dd/yyyy"
 
     virtual std::filesystem::path programFolder() = 0;
+    // Where the files delivered with the program lie (its help): beside it, or in the shared
+    // data folder of an installed copy.
+    virtual std::filesystem::path helpFolder() = 0;
 
     // Ends the program in good order: pending waits return, no further events are delivered.
     virtual void endProgram() = 0;

@@ -37,7 +37,7 @@ std::string FrmMain::programFile(const std::string& name) const { return (host.p
 
 void FrmMain::Form_Load() {
     Caption = "Petalgarden";
-    helpFile = programFile("PetalgardenHelp.chm");
+    helpFile = (host.helpFolder() / "PetalgardenHelp.html").string();
     settings.LoadSettings();
     m.mHiliteColor = {0xFF0000, 0x0000FF};
     static constexpr const char* kCodes[24] = {"11", "12", "13", "21", "22", "23", "31", "32",

@@ -123,9 +123,17 @@ std::string QtHost::timeText() { return QTime::currentTime().toString(QStringLit
 
 std::string QtHost::dateText() { return QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")).toStdString(); }
 
-std::filesystem::path QtHost::programFolder() {
-    if (!folder_.empty()) return folder_;
-    return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
+std::filesystem::path QtHost::programFolder() { return folders().files; }
+
+std::filesystem::path QtHost::helpFolder() { return folders().help; }
+
+const ProgramFolders& QtHost::folders() {
+    if (!folders_) {
+        folders_ = folder_.empty() ? chooseProgramFolders(QCoreApplication::applicationDirPath().toStdString(),
+                                                          FolderEnvironment::current())
+                                   : ProgramFolders{folder_, folder_};
+    }
+    return *folders_;
 }
 
 void QtHost::endProgram() {

@@ -50,6 +50,7 @@ public:
     std::string timeText() override;
     std::string dateText() override;
     std::filesystem::path programFolder() override { return folder_; }
+    std::filesystem::path helpFolder() override { return folder_; }
     void endProgram() override { ending_ = true; }
     bool ending() const override { return ending_; }
 
