@@ -51,6 +51,9 @@ public:
     // data folder of an installed copy.
     virtual std::filesystem::path helpFolder() = 0;
 
+    // Shows the main window, non-modally; the splash does so from its load.
+    virtual void showMainForm() = 0;
+
     // Ends the program in good order: pending waits return, no further events are delivered.
     virtual void endProgram() = 0;
     virtual bool ending() const = 0;

@@ -5,6 +5,7 @@
 #include "scoring/FrmScoreCard.h"
 #include "platform/FatalError.h"
 #include "shell/FrmSetup.h"
+#include "shell/FrmSplash.h"
 #include "platform/Host.h"
 
 namespace petal {
@@ -71,6 +72,12 @@ void FrmMain::mnuVScore_Click() {
 void FrmMain::mnuVHallofFame_Click() {
     FrmHOF hall(g, hof);
     host.showModal(hall);
+}
+
+void FrmMain::mnuHAbout_Click() {
+    FrmSplash splash(*this);
+    splash.mAboutMode = true;
+    host.showModal(splash);
 }
 
 void FrmMain::mnuSetup_Click() {

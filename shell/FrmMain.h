@@ -73,6 +73,7 @@ public:
     void mnuVScore_Click();
     void mnuSetup_Click();
     void mnuVHallofFame_Click();
+    void mnuHAbout_Click();
 
     // Each takes away only the hand pointer, so the hourglass survives every mouse movement.
     void Form_MouseMove() { restoreArrow(); }

@@ -26,9 +26,8 @@ int main(int argc, char** argv) {
     host.onModelChanged = [&window] { window.sync(); };
     petal::registerFormDialogs(host, pictures);
     host.onMousePointer = [&window](int pointer) { window.table()->applyMousePointer(pointer); };
+    // The splash shows the window from its load and stays over it for its three seconds.
     petal::runHandler(host, [&program] { program.Main(); });
     if (host.ending()) return 0;
-    window.sync();
-    window.show();
     return app.exec();
 }

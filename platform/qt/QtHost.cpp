@@ -146,4 +146,9 @@ void QtHost::endProgram() {
     if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
 }
 
+void QtHost::showMainForm() {
+    if (onModelChanged) onModelChanged();
+    if (mainWidget_) mainWidget_->show();
+}
+
 }  // namespace petal

@@ -49,6 +49,7 @@ public:
     std::string dateText() override;
     std::filesystem::path programFolder() override;
     std::filesystem::path helpFolder() override;
+    void showMainForm() override;
     void endProgram() override;
     bool ending() const override { return ending_; }
 

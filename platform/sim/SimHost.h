@@ -51,6 +51,8 @@ public:
     std::string dateText() override;
     std::filesystem::path programFolder() override { return folder_; }
     std::filesystem::path helpFolder() override { return folder_; }
+    void showMainForm() override { mainFormShown_ = true; }
+    bool mainFormShown() const { return mainFormShown_; }
     void endProgram() override { ending_ = true; }
     bool ending() const override { return ending_; }
 
@@ -78,6 +80,7 @@ private:
     int pointer_ = 0;
     int refreshes_ = 0;
     bool ending_ = false;
+    bool mainFormShown_ = false;
 };
 
 }  // namespace petal
