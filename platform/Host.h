@@ -53,6 +53,8 @@ public:
 
     // Shows the main window, non-modally; the splash does so from its load.
     virtual void showMainForm() = 0;
+    // Presses keys on the user's behalf, in the notation "{F1}" for a named key.
+    virtual void sendKeys(const std::string& keys) = 0;
 
     // Ends the program in good order: pending waits return, no further events are delivered.
     virtual void endProgram() = 0;

@@ -80,6 +80,8 @@ void FrmMain::mnuHAbout_Click() {
     host.showModal(splash);
 }
 
+void FrmMain::mnuHHelp_Click() { host.sendKeys("{F1}"); }
+
 void FrmMain::mnuSetup_Click() {
     // Failures while the dialog loads end this routine without a word, as the menu's own
     // error trap has it; failures of the dialog's buttons end the program as usual.

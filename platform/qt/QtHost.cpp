@@ -1,9 +1,11 @@
 #include "platform/qt/QtHost.h"
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDate>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QTime>
 #include <QTimer>
@@ -11,6 +13,7 @@
 #include "platform/FatalError.h"
 #include "platform/Form.h"
 #include "platform/Timer.h"
+#include "platform/qt/KeyStrokes.h"
 
 namespace petal {
 
@@ -149,6 +152,18 @@ void QtHost::endProgram() {
 void QtHost::showMainForm() {
     if (onModelChanged) onModelChanged();
     if (mainWidget_) mainWidget_->show();
+}
+
+// Keys go where typed keys go: to the widget with the focus, or else to the active window.
+void QtHost::sendKeys(const std::string& keys) {
+    QWidget* target = QApplication::focusWidget();
+    if (!target) target = QApplication::activeWindow();
+    if (!target) target = mainWidget_;
+    if (!target) return;
+    for (const auto& [key, text] : keyStrokes(keys)) {
+        QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
+        QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyRelease, key, Qt::NoModifier, text));
+    }
 }
 
 }  // namespace petal

@@ -50,6 +50,7 @@ public:
     std::filesystem::path programFolder() override;
     std::filesystem::path helpFolder() override;
     void showMainForm() override;
+    void sendKeys(const std::string& keys) override;
     void endProgram() override;
     bool ending() const override { return ending_; }
 
