@@ -40,7 +40,7 @@ protected:
         namespace fs = std::filesystem;
         const fs::path build = PETAL_BUILD_DIR;
         fs::copy_file(build / "PetalgardenHelp.html", dir.path() / "PetalgardenHelp.html");
-        fs::copy(build / "help", dir.path() / "help", fs::copy_options::recursive);
+        fs::copy(build / "help-pictures", dir.path() / "help-pictures", fs::copy_options::recursive);
     }
     QAction* action(const char* name) const { return window->findChild<QAction*>(QString::fromLatin1(name)); }
     // Runs `act` once a modal window stands, while the caller waits in it.
