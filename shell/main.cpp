@@ -14,6 +14,7 @@
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Petalgarden"));
+    QApplication::setDesktopFileName(QStringLiteral("org.petalgarden.Petalgarden"));  // its menu entry
     QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));  // the forms' classic sans face
     petal::QtHost host;
     petal::PictureStore pictures;
