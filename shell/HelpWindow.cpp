@@ -9,7 +9,6 @@ namespace petal {
 
 HelpWindow::HelpWindow(QWidget* parent) : QTextBrowser(parent) {
     setWindowFlag(Qt::Window);
-    setAttribute(Qt::WA_DeleteOnClose, false);
     setWindowTitle(QStringLiteral("Petalgarden Help"));
     setOpenExternalLinks(true);
     resize(820, 720);

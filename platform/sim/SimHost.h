@@ -52,9 +52,9 @@ public:
     std::filesystem::path programFolder() override { return folder_; }
     std::filesystem::path helpFolder() override { return folder_; }
     void showMainForm() override { mainFormShown_ = true; }
-    void sendKeys(const std::string& keys) override { sentKeys_.push_back(keys); }
+    // No keyboard and no help window here: keys pressed for the user reach nothing.
+    void sendKeys(const std::string&) override {}
     bool mainFormShown() const { return mainFormShown_; }
-    const std::vector<std::string>& sentKeys() const { return sentKeys_; }
     void endProgram() override { ending_ = true; }
     bool ending() const override { return ending_; }
 
@@ -83,7 +83,6 @@ private:
     int refreshes_ = 0;
     bool ending_ = false;
     bool mainFormShown_ = false;
-    std::vector<std::string> sentKeys_;
 };
 
 }  // namespace petal
