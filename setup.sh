@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 packages=(cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 libsqlite3-dev libgtest-dev
-          fonts-liberation fonts-dejavu-core)
+          fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev)
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")

@@ -49,6 +49,14 @@ public:
     virtual std::string dateText() = 0;  // "mm/dd/yyyy"
 
     virtual std::filesystem::path programFolder() = 0;
+    // Where the files delivered with the program lie (its help): beside it, or in the shared
+    // data folder of an installed copy.
+    virtual std::filesystem::path helpFolder() = 0;
+
+    // Shows the main window, non-modally; the splash does so from its load.
+    virtual void showMainForm() = 0;
+    // Presses keys on the user's behalf, in the notation "{F1}" for a named key.
+    virtual void sendKeys(const std::string& keys) = 0;
 
     // A TCP socket of this program; its events run as handlers on this host.
     virtual std::unique_ptr<Socket> createSocket() = 0;

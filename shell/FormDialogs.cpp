@@ -11,6 +11,8 @@
 #include "shell/FrmSetup.h"
 #include "platform/qt/QtHost.h"
 #include "shell/SetupDialog.h"
+#include "shell/FrmSplash.h"
+#include "shell/SplashDialog.h"
 
 namespace petal {
 
@@ -29,6 +31,9 @@ void registerFormDialogs(QtHost& host, PictureStore& pictures) {
     });
     host.registerDialog("frmSetup", [&host, &pictures](Form& form, QWidget* parent) {
         return new SetupDialog(static_cast<FrmSetup&>(form), host, pictures, parent);
+    });
+    host.registerDialog("frmSplash", [&host, &pictures](Form& form, QWidget* parent) {
+        return new SplashDialog(static_cast<FrmSplash&>(form), host, pictures, parent);
     });
 }
 

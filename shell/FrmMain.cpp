@@ -5,6 +5,7 @@
 #include "scoring/FrmScoreCard.h"
 #include "platform/FatalError.h"
 #include "shell/FrmSetup.h"
+#include "shell/FrmSplash.h"
 #include "platform/Host.h"
 
 namespace petal {
@@ -44,7 +45,7 @@ std::string FrmMain::programFile(const std::string& name) const { return (host.p
 
 void FrmMain::Form_Load() {
     Caption = "Petalgarden";
-    helpFile = programFile("PetalgardenHelp.chm");
+    helpFile = (host.helpFolder() / "PetalgardenHelp.html").string();
     settings.LoadSettings();
     m.mHiliteColor = {0xFF0000, 0x0000FF};
     static constexpr const char* kCodes[24] = {"11", "12", "13", "21", "22", "23", "31", "32",
@@ -81,6 +82,14 @@ void FrmMain::mnuVHallofFame_Click() {
     FrmHOF hall(g, hof);
     host.showModal(hall);
 }
+
+void FrmMain::mnuHAbout_Click() {
+    FrmSplash splash(*this);
+    splash.mAboutMode = true;
+    host.showModal(splash);
+}
+
+void FrmMain::mnuHHelp_Click() { host.sendKeys("{F1}"); }
 
 void FrmMain::mnuSetup_Click() {
     // Failures while the dialog loads end this routine without a word, as the menu's own

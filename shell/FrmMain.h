@@ -86,6 +86,9 @@ public:
     void mnuVScore_Click();
     void mnuSetup_Click();
     void mnuVHallofFame_Click();
+    void mnuHAbout_Click();
+    // Help has no call of its own: the entry presses F1 for the user, and F1 opens helpFile.
+    void mnuHHelp_Click();
 
     // Each takes away only the hand pointer, so the hourglass survives every mouse movement.
     void Form_MouseMove() { restoreArrow(); }

@@ -1,11 +1,14 @@
 #include "shell/MainWindow.h"
 
 #include <QCloseEvent>
+#include <QFileInfo>
+#include <QKeyEvent>
 #include <QLayout>
 #include <QMenuBar>
 
 #include "engine/table_view/TableView.h"
 #include "shell/FrmMain.h"
+#include "shell/HelpWindow.h"
 #include "platform/qt/QtHost.h"
 
 namespace petal {
@@ -43,6 +46,8 @@ void MainWindow::runMenu(const MenuItem& item) {
         else if (&item == &menu.mnuVScore) game_.mnuVScore_Click();
         else if (&item == &menu.mnuSetup) game_.mnuSetup_Click();
         else if (&item == &menu.mnuVHallofFame) game_.mnuVHallofFame_Click();
+        else if (&item == &menu.mnuHAbout) game_.mnuHAbout_Click();
+        else if (&item == &menu.mnuHHelp) game_.mnuHHelp_Click();
     });
 }
 
@@ -65,6 +70,28 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     event->accept();
     host_.endProgram();
+}
+
+void MainWindow::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_F1 && event->modifiers() == Qt::NoModifier) {
+        openHelp();
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+HelpWindow* MainWindow::helpWindow() const { return help_; }
+
+void MainWindow::openHelp() {
+    const QString file = QString::fromStdString(game_.helpFile);
+    if (!QFileInfo(file).isReadable()) {
+        host_.msgBox({"The help file cannot be found:\n" + game_.helpFile +
+                          "\n\nIt is installed with the game; installing Petalgarden again brings it back.",
+                      "Petalgarden Help", MsgIcon::Exclamation, MsgButtons::OK});
+        return;
+    }
+    if (!help_) help_ = new HelpWindow(this);
+    help_->showPage(file);
 }
 
 }  // namespace petal

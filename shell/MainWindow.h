@@ -1,11 +1,13 @@
 #pragma once
 // The main window: the menu bar of the menu model, the table view, the title and the closing.
 #include <QMainWindow>
+#include <QPointer>
 #include <map>
 
 namespace petal {
 
 class FrmMain;
+class HelpWindow;
 class PictureStore;
 class QtHost;
 class TableView;
@@ -20,8 +22,13 @@ public:
     void sync();
     TableView* table() const { return table_; }
 
+    // F1: the help file that the game names, in a window beside the table.
+    void openHelp();
+    HelpWindow* helpWindow() const;
+
 protected:
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void buildMenus();
@@ -31,6 +38,7 @@ private:
     QtHost& host_;
     TableView* table_;
     std::map<const MenuItem*, QAction*> actions_;
+    QPointer<HelpWindow> help_;
 };
 
 }  // namespace petal

@@ -1,21 +1,23 @@
 #pragma once
 // The whole program as the core holds it: the globals, the Hall of Fame and the main form.
 #include "cards/Globals.h"
+#include "platform/Host.h"
 #include "records/HallOfFame.h"
 #include "shell/FrmMain.h"
+#include "shell/FrmSplash.h"
 
 namespace petal {
-
-class Host;
 
 class Program {
 public:
     explicit Program(Host& host) : host(host), hof(host), frmMain(host, g, hof) {}
 
-    // Start-up: the Hall of Fame opens before anything is shown, then the main form loads.
+    // Start-up: the Hall of Fame opens before anything is shown; then the splash, shown
+    // modally, shows the main form from its own load and leaves by itself.
     void Main() {
         hof.OpenHallOfFame();
-        frmMain.Form_Load();
+        FrmSplash frmSplash(frmMain);
+        host.showModal(frmSplash);
     }
 
     Host& host;

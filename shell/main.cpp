@@ -14,6 +14,7 @@
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Petalgarden"));
+    QApplication::setDesktopFileName(QStringLiteral("org.petalgarden.Petalgarden"));  // its menu entry
     QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));  // the forms' classic sans face
     petal::QtHost host;
     petal::PictureStore pictures;
@@ -26,9 +27,8 @@ int main(int argc, char** argv) {
     host.onModelChanged = [&window] { window.sync(); };
     petal::registerFormDialogs(host, pictures);
     host.onMousePointer = [&window](int pointer) { window.table()->applyMousePointer(pointer); };
+    // The splash shows the window from its load and stays over it for its three seconds.
     petal::runHandler(host, [&program] { program.Main(); });
     if (host.ending()) return 0;
-    window.sync();
-    window.show();
     return app.exec();
 }

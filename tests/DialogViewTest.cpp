@@ -11,6 +11,7 @@
 #include <QTimer>
 
 #include "GameFixture.h"
+#include "ViewStart.h"
 #include "assets/PictureStore.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
@@ -24,7 +25,7 @@ class DialogView : public ::testing::Test {
 protected:
     void SetUp() override {
         registerFormDialogs(host, pictures);
-        runHandler(host, [this] { program.Main(); });
+        startPastSplash(host, program);
     }
     // Once the modal dialog stands: save its picture, then act on it as the user.
     void whenShown(const QString& picture, std::function<void(QWidget*)> act) {

@@ -25,7 +25,11 @@ GameFixture::GameFixture() : host(std::make_unique<SimHost>(dir.path())) {}
 void GameFixture::start() {
     program = std::make_unique<Program>(*host);
     f = &program->frmMain;
+    // The greeting is closed at once; the splash's own tests drive it themselves.
+    auto script = std::move(host->onForm);
+    host->onForm = [](Form& splash) { splash.Unload(true); };
     program->Main();
+    host->onForm = std::move(script);
 }
 
 void GameFixture::restart() {

@@ -60,7 +60,9 @@ TEST_P(PeerLost, TheSurvivorIsToldAndPlaysAlone) {
         act(host, [&] { host.f().m.mTurn = loss.hostSurvives ? 1 : 0; });
         ASSERT_TRUE(deal());
     }
-    if (loss.phase == Phase::FlippedCardWaits) ASSERT_TRUE(untilFlipWaits(survivor));
+    if (loss.phase == Phase::FlippedCardWaits) {
+        ASSERT_TRUE(untilFlipWaits(survivor));
+    }
     if (loss.phase == Phase::ScoreCardOpen || loss.phase == Phase::RematchQuestion) {
         // The leaver goes while the survivor's card, or its question, stands.
         survivor.onForm = [&](Form& form) {

@@ -85,7 +85,9 @@ TEST_F(Hostile, AMoveInPiecesAndMovesInOneReadAreEachReplayedOnce) {
     EXPECT_EQ(moves.made[0].side, 1);
     EXPECT_EQ(moves.made[0].pos, 8);
     EXPECT_EQ(moves.made[0].took, took);
-    if (where >= 0) EXPECT_EQ(moves.made[0].slot, where);
+    if (where >= 0) {
+        EXPECT_EQ(moves.made[0].slot, where);
+    }
     // The flipped card follows the host's deck; if it waits, its move comes merged with a
     // chat line, and both are taken.
     ASSERT_TRUE(runUntil([&] { return host.f().m.mCompPhase == 3 || moves.made.size() > 1; }));

@@ -27,7 +27,9 @@ TEST(NetRun, WholeGamesMirrorEvenWhenTheNetworkFails) {
         EXPECT_EQ(sim::net(run.options, out, err), 0) << run.name << ": " << err.str();
         const std::string summary = out.str();
         EXPECT_NE(summary.find("\"mismatches\":0"), std::string::npos) << run.name;
-        if (run.options.faults) EXPECT_EQ(summary.find("\"faults\":0,"), std::string::npos) << run.name << ": faults struck";
+        if (run.options.faults) {
+            EXPECT_EQ(summary.find("\"faults\":0,"), std::string::npos) << run.name << ": faults struck";
+        }
     }
 }
 

@@ -25,7 +25,7 @@ TEST_F(Startup, TheTableStandsEmptyWithItsStartingPictures) {
     EXPECT_FALSE(f->menu.mnuVScore.Enabled);  // a single game by default
     EXPECT_FALSE(f->menu.mnuVChat.Enabled);
     EXPECT_TRUE(f->menu.mnuSetup.Enabled);
-    EXPECT_EQ(f->helpFile, (dir.path() / "PetalgardenHelp.chm").string());
+    EXPECT_EQ(f->helpFile, (dir.path() / "PetalgardenHelp.html").string());
 }
 
 TEST_F(Startup, ClosingWithoutAGameEndsAtOnceWithoutAQuestion) {

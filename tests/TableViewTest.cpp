@@ -8,8 +8,10 @@
 #include <QTest>
 
 #include "GameFixture.h"
+#include "ViewStart.h"
 #include "assets/PictureStore.h"
 #include "engine/table_view/TableView.h"
+#include "shell/FormDialogs.h"
 #include "shell/MainWindow.h"
 #include "platform/qt/QtHost.h"
 
@@ -24,9 +26,8 @@ protected:
         window = std::make_unique<MainWindow>(program->frmMain, host, pictures);
         host.setMainWidget(window.get());
         host.onModelChanged = [this] { window->sync(); };
-        runHandler(host, [this] { program->Main(); });
-        window->sync();
-        window->show();
+        registerFormDialogs(host, pictures);
+        startPastSplash(host, *program);
     }
     QPoint centre(const Control& c) const { return QPoint((c.Left + c.Width / 2) / 15, (c.Top + c.Height / 2) / 15); }
     void click(const Control& c) { QTest::mouseClick(window->table(), Qt::LeftButton, {}, centre(c)); }

@@ -1,9 +1,11 @@
 #include "platform/qt/QtHost.h"
 
 #include <QAbstractEventDispatcher>
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDate>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QTime>
 #include <QTimer>
@@ -12,6 +14,7 @@
 #include "platform/Form.h"
 #include "platform/Timer.h"
 #include "platform/qt/QtSocket.h"
+#include "platform/qt/KeyStrokes.h"
 
 namespace petal {
 
@@ -124,9 +127,17 @@ std::string QtHost::timeText() { return QTime::currentTime().toString(QStringLit
 
 std::string QtHost::dateText() { return QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")).toStdString(); }
 
-std::filesystem::path QtHost::programFolder() {
-    if (!folder_.empty()) return folder_;
-    return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
+std::filesystem::path QtHost::programFolder() { return folders().files; }
+
+std::filesystem::path QtHost::helpFolder() { return folders().help; }
+
+const ProgramFolders& QtHost::folders() {
+    if (!folders_) {
+        folders_ = folder_.empty() ? chooseProgramFolders(QCoreApplication::applicationDirPath().toStdString(),
+                                                          FolderEnvironment::current())
+                                   : ProgramFolders{folder_, folder_};
+    }
+    return *folders_;
 }
 
 std::unique_ptr<Socket> QtHost::createSocket() { return std::make_unique<QtSocket>(*this); }
@@ -139,6 +150,23 @@ void QtHost::endProgram() {
         if (open.dialog) open.dialog->done(0);
     QCoreApplication::exit(0);
     if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
+}
+
+void QtHost::showMainForm() {
+    if (onModelChanged) onModelChanged();
+    if (mainWidget_) mainWidget_->show();
+}
+
+// Keys go where typed keys go: to the widget with the focus, or else to the active window.
+void QtHost::sendKeys(const std::string& keys) {
+    QWidget* target = QApplication::focusWidget();
+    if (!target) target = QApplication::activeWindow();
+    if (!target) target = mainWidget_;
+    if (!target) return;
+    for (const auto& [key, text] : keyStrokes(keys)) {
+        QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyPress, key, Qt::NoModifier, text));
+        QCoreApplication::postEvent(target, new QKeyEvent(QEvent::KeyRelease, key, Qt::NoModifier, text));
+    }
 }
 
 }  // namespace petal

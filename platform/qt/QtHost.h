@@ -7,10 +7,12 @@
 #include <QWidget>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/Host.h"
+#include "platform/qt/ProgramFolders.h"
 
 class QTimer;
 
@@ -21,7 +23,7 @@ class QtHost : public QObject, public Host {
 public:
     using DialogFactory = std::function<QDialog*(Form&, QWidget* parent)>;
 
-    // The program's folder is the executable's unless another is given (tests).
+    // The folders follow where the executable lies (ProgramFolders) unless one is given (tests).
     explicit QtHost(std::filesystem::path folder = {});
     ~QtHost() override;
 
@@ -47,11 +49,15 @@ public:
     std::string dateText() override;
     std::filesystem::path programFolder() override;
     std::unique_ptr<Socket> createSocket() override;
+    std::filesystem::path helpFolder() override;
+    void showMainForm() override;
+    void sendKeys(const std::string& keys) override;
     void endProgram() override;
     bool ending() const override { return ending_; }
 
 private:
     void closeUnloadedDialogs();
+    const ProgramFolders& folders();
 
     std::map<Timer*, QTimer*> timers_;
     std::map<std::string, DialogFactory> dialogs_;
@@ -61,6 +67,7 @@ private:
     };
     std::vector<OpenDialog> open_;
     std::filesystem::path folder_;
+    std::optional<ProgramFolders> folders_;
     QPointer<QWidget> mainWidget_;
     bool ending_ = false;
 };

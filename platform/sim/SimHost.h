@@ -65,6 +65,11 @@ public:
     std::string timeText() override;
     std::string dateText() override;
     std::filesystem::path programFolder() override { return folder_; }
+    std::filesystem::path helpFolder() override { return folder_; }
+    void showMainForm() override { mainFormShown_ = true; }
+    // No keyboard and no help window here: keys pressed for the user reach nothing.
+    void sendKeys(const std::string&) override {}
+    bool mainFormShown() const { return mainFormShown_; }
     std::unique_ptr<Socket> createSocket() override;
     // The program's end closes its sockets, as a process's end does.
     void endProgram() override;
@@ -124,6 +129,7 @@ private:
     int waitDepth_ = 0;
     int modalDepth_ = 0;
     std::vector<SimSocket*> sockets_;
+    bool mainFormShown_ = false;
 };
 
 }  // namespace petal

@@ -47,6 +47,7 @@ int deal(const std::string& seed, bool network) {
         host.setClock(static_cast<int>(petal::Val(seed)), static_cast<int>(petal::Val(seed.substr(3))),
                       static_cast<int>(petal::Val(seed.substr(6))));
     petal::Program program(host);
+    host.onForm = [](petal::Form& splash) { splash.Unload(true); };
     petal::runHandler(host, [&] {
         program.Main();
         if (clock) {
