@@ -1,7 +1,6 @@
 #pragma once
-// The program's host: Qt timers, nested event loops that sleep until an event comes, message
-// boxes, and modal dialogs made for each form model by the view that registered for it.
-#include <QObject>
+// The program's host: the core host's timers, waits, clock and sockets, with the widgets:
+// message boxes, and modal dialogs made for each form model by the view that registered for it.
 #include <QDialog>
 #include <QPointer>
 #include <QWidget>
@@ -11,21 +10,17 @@
 #include <string>
 #include <vector>
 
-#include "platform/Host.h"
-#include "platform/qt/ProgramFolders.h"
-
-class QTimer;
+#include "platform/qt/QtCoreHost.h"
 
 namespace petal {
 
-class QtHost : public QObject, public Host {
+class QtHost : public QtCoreHost {
     Q_OBJECT
 public:
     using DialogFactory = std::function<QDialog*(Form&, QWidget* parent)>;
 
     // The folders follow where the executable lies (ProgramFolders) unless one is given (tests).
-    explicit QtHost(std::filesystem::path folder = {});
-    ~QtHost() override;
+    explicit QtHost(std::filesystem::path folder = {}) : QtCoreHost(std::move(folder)) {}
 
     // A view for the forms of this name; it forwards input to the form's handlers.
     void registerDialog(const std::string& formName, DialogFactory make);
@@ -34,42 +29,27 @@ public:
     std::function<void()> onModelChanged;
     std::function<void(int)> onMousePointer;
 
-    // Runs a core entry point from an event, then lets the views catch up.
-    void dispatch(const std::function<void()>& handler);
-
-    void timerChanged(Timer& timer) override;
-    void timerRemoved(Timer& timer) override;
-    void doEvents() override;
-    void waitUntil(const std::function<bool()>& done) override;
     MsgResult msgBox(const MsgBox& box) override;
     void showModal(Form& form) override;
     void refresh() override;
     void setMousePointer(int pointer) override;
-    std::string timeText() override;
-    std::string dateText() override;
-    std::filesystem::path programFolder() override;
-    std::unique_ptr<Socket> createSocket() override;
-    std::filesystem::path helpFolder() override;
     void showMainForm() override;
     void sendKeys(const std::string& keys) override;
-    void endProgram() override;
-    bool ending() const override { return ending_; }
+
+protected:
+    void modelChanged() override;
+    void closeAll() override;
 
 private:
     void closeUnloadedDialogs();
-    const ProgramFolders& folders();
 
-    std::map<Timer*, QTimer*> timers_;
     std::map<std::string, DialogFactory> dialogs_;
     struct OpenDialog {
         Form* form;
         QPointer<QDialog> dialog;
     };
     std::vector<OpenDialog> open_;
-    std::filesystem::path folder_;
-    std::optional<ProgramFolders> folders_;
     QPointer<QWidget> mainWidget_;
-    bool ending_ = false;
 };
 
 }  // namespace petal

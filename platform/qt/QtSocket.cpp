@@ -4,7 +4,7 @@
 #include <QTcpSocket>
 #include <QTimer>
 
-#include "platform/qt/QtHost.h"
+#include "platform/qt/QtCoreHost.h"
 
 namespace petal {
 
@@ -30,7 +30,7 @@ int errorNumber(QAbstractSocket::SocketError error) {
 
 }  // namespace
 
-QtSocket::QtSocket(QtHost& host) : host_(host) {}
+QtSocket::QtSocket(QtCoreHost& host) : host_(host) {}
 
 QtSocket::~QtSocket() {
     // No event of a socket that is going may reach the game.

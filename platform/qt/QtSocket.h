@@ -12,12 +12,12 @@ class QTcpSocket;
 
 namespace petal {
 
-class QtHost;
+class QtCoreHost;
 
 class QtSocket : public QObject, public Socket {
     Q_OBJECT
 public:
-    explicit QtSocket(QtHost& host);
+    explicit QtSocket(QtCoreHost& host);
     ~QtSocket() override;
 
     int State() const override { return state_; }
@@ -35,7 +35,7 @@ private:
     void onSocketError(int error, const QString& text);
     void raiseError(int number, const std::string& description);
 
-    QtHost& host_;
+    QtCoreHost& host_;
     QPointer<QTcpServer> server_;
     QPointer<QTcpSocket> socket_;
     std::map<long, QPointer<QTcpSocket>> pending_;

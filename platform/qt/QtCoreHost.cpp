@@ -1,0 +1,88 @@
+#include "platform/qt/QtCoreHost.h"
+
+#include <QAbstractEventDispatcher>
+#include <QCoreApplication>
+#include <QDate>
+#include <QTime>
+#include <QTimer>
+#include <cmath>
+
+#include "platform/FatalError.h"
+#include "platform/Timer.h"
+#include "platform/qt/QtSocket.h"
+
+namespace petal {
+
+QtCoreHost::QtCoreHost(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+QtCoreHost::~QtCoreHost() {
+    for (auto& [timer, qtimer] : timers_) delete qtimer;
+}
+
+void QtCoreHost::dispatch(const std::function<void()>& handler) {
+    runHandler(*this, handler);
+    modelChanged();
+}
+
+void QtCoreHost::timerChanged(Timer& timer) {
+    QTimer*& qtimer = timers_[&timer];
+    if (!qtimer) {
+        qtimer = new QTimer(this);
+        qtimer->setTimerType(Qt::PreciseTimer);
+        Timer* core = &timer;
+        // A tick that comes while the previous one still runs is dropped.
+        connect(qtimer, &QTimer::timeout, this, [this, core] {
+            if (!core->ticking()) dispatch([core] { core->fire(); });
+        });
+    }
+    qtimer->stop();
+    if (timer.Enabled() && timer.Interval() > 0 && !ending_)
+        qtimer->start(std::max(1, static_cast<int>(std::lround(timer.Interval() / speed_))));
+}
+
+void QtCoreHost::timerRemoved(Timer& timer) {
+    auto it = timers_.find(&timer);
+    if (it == timers_.end()) return;
+    delete it->second;
+    timers_.erase(it);
+}
+
+// No redraw is asked for here: the game pumps in loops of thousands of passes, and a repaint
+// per pass would stall it. Handlers, waits and boxes ask for one instead.
+void QtCoreHost::doEvents() { QCoreApplication::processEvents(QEventLoop::AllEvents); }
+
+void QtCoreHost::waitUntil(const std::function<bool()>& done) {
+    modelChanged();
+    // Sleeps in the event dispatcher until something arrives: no CPU is spent waiting.
+    while (!done() && !ending_) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+std::string QtCoreHost::timeText() { return QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toStdString(); }
+
+std::string QtCoreHost::dateText() { return QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")).toStdString(); }
+
+std::filesystem::path QtCoreHost::programFolder() { return folders().files; }
+
+std::filesystem::path QtCoreHost::helpFolder() { return folders().help; }
+
+const ProgramFolders& QtCoreHost::folders() {
+    if (!folders_) {
+        folders_ = folder_.empty() ? chooseProgramFolders(QCoreApplication::applicationDirPath().toStdString(),
+                                                          FolderEnvironment::current())
+                                   : ProgramFolders{folder_, folder_};
+    }
+    return *folders_;
+}
+
+std::unique_ptr<Socket> QtCoreHost::createSocket() { return std::make_unique<QtSocket>(*this); }
+
+void QtCoreHost::endProgram() {
+    if (ending_) return;
+    ending_ = true;
+    for (auto& [timer, qtimer] : timers_) qtimer->stop();
+    closeAll();
+    QCoreApplication::exit(exitStatus_);
+    if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
+}
+
+}  // namespace petal

@@ -1,0 +1,61 @@
+#pragma once
+// The host's part that needs no window: Qt timers, nested event loops that sleep until an
+// event comes, the clock, the program's folders and its sockets. The program's host adds the
+// widgets; a headless player runs the game on this part alone.
+#include <QObject>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <optional>
+
+#include "platform/Host.h"
+#include "platform/qt/ProgramFolders.h"
+
+class QTimer;
+
+namespace petal {
+
+class QtCoreHost : public QObject, public Host {
+    Q_OBJECT
+public:
+    // The folders follow where the executable lies (ProgramFolders) unless one is given.
+    explicit QtCoreHost(std::filesystem::path folder = {});
+    ~QtCoreHost() override;
+
+    // Runs a core entry point from an event, then lets whatever shows the model catch up.
+    void dispatch(const std::function<void()>& handler);
+    // Timers run this many times faster than the game sets them (headless play; 1 in the program).
+    void setSpeed(double speed) { speed_ = speed > 0 ? speed : 1; }
+    // The exit status of the event loop when the program ends: 0, or 1 after a failure.
+    void setExitStatus(int status) { exitStatus_ = status; }
+
+    void timerChanged(Timer& timer) override;
+    void timerRemoved(Timer& timer) override;
+    void doEvents() override;
+    void waitUntil(const std::function<bool()>& done) override;
+    std::string timeText() override;
+    std::string dateText() override;
+    std::filesystem::path programFolder() override;
+    std::filesystem::path helpFolder() override;
+    std::unique_ptr<Socket> createSocket() override;
+    void endProgram() override;
+    bool ending() const override { return ending_; }
+
+protected:
+    // After every handler and before every wait: the views draw the model.
+    virtual void modelChanged() {}
+    // When the program ends: what stands on screen is closed.
+    virtual void closeAll() {}
+
+private:
+    const ProgramFolders& folders();
+
+    std::map<Timer*, QTimer*> timers_;
+    std::filesystem::path folder_;
+    std::optional<ProgramFolders> folders_;
+    double speed_ = 1;
+    int exitStatus_ = 0;
+    bool ending_ = false;
+};
+
+}  // namespace petal
