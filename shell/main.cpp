@@ -27,8 +27,9 @@ int main(int argc, char** argv) {
     petal::registerFormDialogs(host, pictures);
     host.onMousePointer = [&window](int pointer) { window.table()->applyMousePointer(pointer); };
     petal::runHandler(host, [&program] { program.Main(); });
-    if (host.ending()) return 0;
+    if (host.ending()) return host.exitStatus();
     window.sync();
     window.show();
-    return app.exec();
+    const int status = app.exec();
+    return host.ending() ? host.exitStatus() : status;
 }

@@ -90,6 +90,7 @@ TEST_F(Settings, BrokenFilesEndTheProgramWithAMessageNamingTheFile) {
         failure = {};
         startGuarded();
         EXPECT_TRUE(host->ending()) << bytes;
+        EXPECT_NE(host->exitStatus(), 0) << "an end after a failure";
         EXPECT_NE(failure.text.find((other.path() / "GARDENIA.ini").string()), std::string::npos) << failure.text;
         EXPECT_EQ(failure.icon, MsgIcon::Exclamation);
     }

@@ -128,13 +128,14 @@ std::filesystem::path QtHost::programFolder() {
     return std::filesystem::path(QCoreApplication::applicationDirPath().toStdString());
 }
 
-void QtHost::endProgram() {
+void QtHost::end(int status) {
     if (ending_) return;
     ending_ = true;
+    status_ = status;
     for (auto& [timer, qtimer] : timers_) qtimer->stop();
     for (OpenDialog& open : open_)
         if (open.dialog) open.dialog->done(0);
-    QCoreApplication::exit(0);
+    QCoreApplication::exit(status);
     if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
 }
 

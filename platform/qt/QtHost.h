@@ -46,11 +46,14 @@ public:
     std::string timeText() override;
     std::string dateText() override;
     std::filesystem::path programFolder() override;
-    void endProgram() override;
+    void endProgram() override { end(0); }
+    void endProgramAfterFailure() override { end(1); }
     bool ending() const override { return ending_; }
+    int exitStatus() const override { return status_; }
 
 private:
     void closeUnloadedDialogs();
+    void end(int status);
 
     std::map<Timer*, QTimer*> timers_;
     std::map<std::string, DialogFactory> dialogs_;
@@ -62,6 +65,7 @@ private:
     std::filesystem::path folder_;
     QPointer<QWidget> mainWidget_;
     bool ending_ = false;
+    int status_ = 0;
 };
 
 }  // namespace petal

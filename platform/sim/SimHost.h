@@ -51,7 +51,12 @@ public:
     std::string dateText() override;
     std::filesystem::path programFolder() override { return folder_; }
     void endProgram() override { ending_ = true; }
+    void endProgramAfterFailure() override {
+        if (!ending_) status_ = 1;
+        ending_ = true;
+    }
     bool ending() const override { return ending_; }
+    int exitStatus() const override { return status_; }
 
 private:
     struct Due {
@@ -77,6 +82,7 @@ private:
     int pointer_ = 0;
     int refreshes_ = 0;
     bool ending_ = false;
+    int status_ = 0;
 };
 
 }  // namespace petal
