@@ -3,13 +3,19 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
 #include <QMouseEvent>
 #include <QTest>
 
 #include "GameFixture.h"
 #include "assets/PictureStore.h"
 #include "engine/table_view/TableView.h"
+#include "records/FrmHOFWinner.h"
+#include "shell/FormDialogs.h"
 #include "shell/MainWindow.h"
 #include "platform/qt/QtHost.h"
 
@@ -86,6 +92,49 @@ TEST_F(TableViewTest, AClickOnTheDeckDealsAndTheWindowIsSavedForReview) {
     const QString file = QStringLiteral(PETAL_BUILD_DIR "/table-view.png");
     EXPECT_TRUE(window->grab().save(file));
     program->g.gGameInProgress = 0;  // so that closing the window asks nothing
+}
+
+// A stray Escape or a click on the close box must not answer "Do you want to play again?" with
+// No, which ends the program; and the box, like the name form after it, leaves the totals in
+// the panels in sight.
+TEST_F(TableViewTest, AQuestionAnswersOnlyToItsButtonsAndBoxesStandClearOfThePanels) {
+    bool openAfterEscape = false, openAfterClose = false;
+    QRect box, form;
+    QTimer::singleShot(50, [&] {
+        auto* dialog = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        QTest::keyClick(dialog, Qt::Key_Escape);
+        openAfterEscape = dialog->isVisible();
+        dialog->close();
+        openAfterClose = dialog->isVisible();
+        box = dialog->frameGeometry();
+        dialog->button(QMessageBox::Yes)->click();
+    });
+    const MsgResult answer =
+        host.msgBox({"Do you want to play again?", "Play Again?", MsgIcon::Question, MsgButtons::YesNo});
+    EXPECT_EQ(answer, MsgResult::Yes);
+    EXPECT_TRUE(openAfterEscape);
+    EXPECT_TRUE(openAfterClose);
+
+    registerFormDialogs(host, pictures);
+    FrmHOFWinner winner(program->g, program->hof);
+    QTimer::singleShot(50, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        ASSERT_NE(dialog, nullptr);
+        form = dialog->frameGeometry();
+        dialog->close();
+    });
+    host.dispatch([&] { host.showModal(winner); });
+
+    const QRect table(window->table()->mapToGlobal(QPoint(6, 168)), QSize(432, 209));
+    for (const QRect& shown : {box, form}) {
+        for (const ScorePanel& panel : program->frmMain.ctl.panel) {
+            const QRect pixels(window->table()->mapToGlobal(QPoint(panel.box.Left / 15, panel.box.Top / 15)),
+                               QSize(panel.box.Width / 15, panel.box.Height / 15));
+            EXPECT_FALSE(shown.intersects(pixels)) << "a score panel is covered";
+        }
+        EXPECT_TRUE(shown.intersects(table)) << "it stands over the table";
+    }
 }
 
 }  // namespace

@@ -23,6 +23,7 @@ struct TableModel {
     static constexpr int kClientHeight = 8190;  // the yaku panel's cards end here
     static constexpr int kCardWidth = 750;
     static constexpr int kCardHeight = 1200;
+    static constexpr int kPanelLeft = 6720;  // both score panels' left edge
 
     TableModel();
 

@@ -48,6 +48,12 @@ QSize TableView::sizeHint() const {
     return QSize(qRound(TableModel::kClientWidth / kTwipsPerPixel), qRound(TableModel::kClientHeight / kTwipsPerPixel));
 }
 
+QRect TableView::tableArea() const {
+    constexpr int kGap = 8;  // keeps a box's frame off the panels' rim
+    const int width = qRound(TableModel::kPanelLeft / kTwipsPerPixel) - kGap;
+    return QRect(mapToGlobal(QPoint(0, 0)), QSize(width, height()));
+}
+
 std::vector<TableView::Item> TableView::items() const {
     const TableModel& c = game_.ctl;
     std::vector<Item> form;

@@ -1,18 +1,55 @@
 #include "platform/qt/QtHost.h"
 
 #include <QAbstractEventDispatcher>
+#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDate>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTime>
 #include <QTimer>
+#include <algorithm>
 
 #include "platform/FatalError.h"
 #include "platform/Form.h"
 #include "platform/Timer.h"
 
 namespace petal {
+
+namespace {
+
+// A message box of the game. It opens where the host places it; a Yes/No question answers only
+// to its two buttons, so that neither Escape nor the close box takes it for No.
+class GameBox : public QMessageBox {
+public:
+    GameBox(QWidget* parent, bool question, std::function<std::optional<QPoint>(QSize)> place)
+        : QMessageBox(parent), question_(question), place_(std::move(place)) {
+        if (question_) setWindowFlag(Qt::WindowCloseButtonHint, false);
+    }
+
+protected:
+    // The box takes its final size only here, just before it appears.
+    void showEvent(QShowEvent* event) override {
+        QMessageBox::showEvent(event);
+        if (const auto at = place_(size())) move(*at);
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (question_ && event->matches(QKeySequence::Cancel)) return;
+        QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override {
+        if (question_) event->ignore();
+        else QMessageBox::closeEvent(event);
+    }
+
+private:
+    bool question_;
+    std::function<std::optional<QPoint>(QSize)> place_;
+};
+
+}  // namespace
 
 QtHost::QtHost(std::filesystem::path folder) : folder_(std::move(folder)) {}
 
@@ -63,7 +100,7 @@ void QtHost::waitUntil(const std::function<bool()>& done) {
 MsgResult QtHost::msgBox(const MsgBox& box) {
     if (ending_) return MsgResult::Cancel;
     if (onModelChanged) onModelChanged();
-    QMessageBox dialog(mainWidget_);
+    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, [this](QSize size) { return overTable(size); });
     dialog.setWindowTitle(QString::fromStdString(box.title));
     dialog.setText(QString::fromStdString(box.text));
     switch (box.icon) {
@@ -80,11 +117,13 @@ MsgResult QtHost::msgBox(const MsgBox& box) {
         case MsgButtons::YesNoCancel:
             dialog.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
             break;
+        case MsgButtons::RetryCancel: dialog.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel); break;
     }
     switch (dialog.exec()) {
         case QMessageBox::Ok: return MsgResult::OK;
         case QMessageBox::Yes: return MsgResult::Yes;
         case QMessageBox::No: return MsgResult::No;
+        case QMessageBox::Retry: return MsgResult::Retry;
         default: return MsgResult::Cancel;
     }
 }
@@ -98,12 +137,29 @@ void QtHost::showModal(Form& form) {
     form.Form_Load();
     if (!form.loaded() || ending_) return;
     QPointer<QDialog> dialog = factory->second(form, mainWidget_);
+    dialog->adjustSize();
+    if (const auto at = overTable(dialog->size())) dialog->move(*at);
     open_.push_back({&form, dialog});
     QTimer::singleShot(0, dialog, [this, &form] { dispatch([&form] { form.Form_Activate(); }); });
     dialog->exec();
     open_.pop_back();
     if (form.loaded()) form.Unload();
     delete dialog;
+}
+
+// Centred on the table; one wider than the table keeps its right edge there, so that the score
+// panels stay in sight; and the whole stays on the screen.
+std::optional<QPoint> QtHost::overTable(QSize size) const {
+    if (!tableArea || !mainWidget_ || !mainWidget_->isVisible()) return std::nullopt;
+    const QRect area = tableArea();
+    QPoint at(std::min(area.center().x() - size.width() / 2, area.right() + 1 - size.width()),
+              area.center().y() - size.height() / 2);
+    if (const QScreen* screen = mainWidget_->screen()) {
+        const QRect free = screen->availableGeometry();
+        at.setX(std::clamp(at.x(), free.left(), std::max(free.left(), free.right() + 1 - size.width())));
+        at.setY(std::clamp(at.y(), free.top(), std::max(free.top(), free.bottom() + 1 - size.height())));
+    }
+    return at;
 }
 
 void QtHost::closeUnloadedDialogs() {

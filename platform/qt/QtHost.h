@@ -7,6 +7,7 @@
 #include <QWidget>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,6 +32,8 @@ public:
     // Called whenever the model may have changed, so that the views draw it.
     std::function<void()> onModelChanged;
     std::function<void(int)> onMousePointer;
+    // The screen area of the table beside the score panels: boxes and forms open over it.
+    std::function<QRect()> tableArea;
 
     // Runs a core entry point from an event, then lets the views catch up.
     void dispatch(const std::function<void()>& handler);
@@ -54,6 +57,8 @@ public:
 private:
     void closeUnloadedDialogs();
     void end(int status);
+    // Where a box or form of this size stands over the table; nothing while no table shows.
+    std::optional<QPoint> overTable(QSize size) const;
 
     std::map<Timer*, QTimer*> timers_;
     std::map<std::string, DialogFactory> dialogs_;
