@@ -1,5 +1,7 @@
 // The end of a deal: the wild card's claim, the banners and Hall of Fame offers, the next
 // starter, and whole deals and tournaments played to their end on the simulated host.
+#include <fstream>
+
 #include "GameFixture.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
@@ -120,6 +122,29 @@ TEST_F(MatchEnd, AWonOrTiedSingleGameOffersTheHallOfFameAndALostOneDoesNot) {
         EXPECT_EQ(f->m.mTurn, 0) << "a single player always leads";
     }
     EXPECT_NE(program->hof.GetHallOfFame(0).find("Ayame,11/22/2026,60,0,N/A,N/A,N/A"), std::string::npos);
+}
+
+// The design ended the program when the records could not be read at a game's end; now the
+// player is told once, and the question comes as after any game.
+TEST_F(MatchEnd, AHallOfFameThatCannotBeReadIsToldOnceAndTheGamesGoOn) {
+    program.reset();
+    std::ofstream(dir.path() / "HOF.mdb", std::ios::binary) << std::string(2048, 'x');
+    host = std::make_unique<SimHost>(dir.path());
+    host->expectMsgBox("System Password Error", "Invalid Password", MsgResult::OK);
+    start();
+    for (int game = 0; game < 2; ++game) {
+        dealWith({}, {}, {});
+        f->ctl.panel[0].lblPointsTotal[3].Caption = "60";
+        if (game == 0) host->expectMsgBox("", "", MsgResult::OK);
+        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::Yes);
+        f->EndMatch();
+        EXPECT_FALSE(host->ending());
+        EXPECT_EQ(host->pendingAnswers(), 0u);
+    }
+    const MsgBox& told = host->shownBoxes()[1];
+    EXPECT_EQ(told.title, "Hall of Fame");
+    EXPECT_NE(told.text.find("file is not a database"), std::string::npos) << told.text;
+    EXPECT_EQ(program->g.gGameInProgress, 1);
 }
 
 TEST_F(MatchEnd, AWholeDealRunsTickByTickWithEitherSideLeading) {
