@@ -32,6 +32,7 @@ void Dealer::NewGame(bool ClearOnly) {
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
     if (f_.g.gGameInProgress == 0) f_.g.dimRoundScores(f_.g.gRounds);
+    ++m.dealSerial;
     clearHandsAndTable();
     clearPiles();
     resetYakuRows(ClearOnly);

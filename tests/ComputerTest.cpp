@@ -107,6 +107,22 @@ TEST_F(Computer, ATurnTakesFourTicksAndHandsBackToThePlayer) {
     EXPECT_FALSE(f->ctl.panel[1].imgTurn.Visible);
 }
 
+// A click on the table top may lay the computer's card down before the drop tick; the tick then
+// took that card with itself, counting it twice.
+TEST_F(Computer, AClickOnTheTableBeforeTheDropTickLaysTheCardDownOnce) {
+    dealWith({}, {0, 1, 2, 3, 4, 5, 6, 7}, {8, 9, 10, 11, 12, 13, 14, 15});
+    startOppositeTurn();
+    tick();  // select: no card of the hand matches the table
+    const int played = f->m.mCompDeckPos;
+    f->play.imgTable_Click();  // the player's click does what the drop tick would do
+    tick();  // drop
+    int onTable = 0;
+    for (const Image& slot : f->ctl.imgTCard) onTable += tagOf(slot) == played ? 1 : 0;
+    EXPECT_EQ(onTable, 1);
+    for (int row = 0; row < 4; ++row) EXPECT_TRUE(pileIndices(1, row).empty()) << "nothing was captured";
+    EXPECT_EQ(f->m.mCompPhase, 2) << "the turn goes on to its flip";
+}
+
 TEST_F(Computer, AFlipWithoutAMatchEndsTheTurnAtTheNextTick) {
     dealWith({}, {44, 14, 18, 22, 26, 30, 34, 38}, {45, 0, 1, 2, 3, 4, 5, 6}, {39});
     startOppositeTurn();
