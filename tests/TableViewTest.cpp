@@ -45,7 +45,14 @@ protected:
 };
 
 TEST_F(TableViewTest, TheTableHasItsFixedClientAreaAndTheMenus) {
-    EXPECT_EQ(window->table()->size(), QSize(788, 546));
+    EXPECT_EQ(window->table()->size(), QSize(790, 552));
+    // The yaku panel, cut off at the bottom edge and by two pixels at the right, stands whole.
+    program->frmMain.ctl.picYakuShow.Visible = true;
+    for (const TableView::Item& item : window->table()->items()) {
+        const Control& c = *item.control;
+        EXPECT_LE((c.Top + c.Height) / 15.0, window->table()->height()) << c.Left << "," << c.Top;
+        EXPECT_LE((c.Left + c.Width) / 15.0, window->table()->width()) << c.Left << "," << c.Top;
+    }
     EXPECT_EQ(window->windowTitle(), "Petalgarden");
     QStringList menus;
     for (QAction* action : window->menuBar()->actions()) menus << action->text();
