@@ -197,4 +197,8 @@ void Dealer::showLeader() {
     if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = leader == 0;
 }
 
+std::string Dealer::deckToolTip() const {
+    return f_.g.gGameInProgress == 0 && f_.g.gPlayMode != 2 ? "Click the deck to deal." : "";
+}
+
 }  // namespace petal

@@ -1,4 +1,5 @@
 #pragma once
+#include <string>
 
 namespace petal {
 
@@ -13,6 +14,8 @@ public:
     void NewGame(bool ClearOnly);
     void ShuffleCards();
     void DealCards();
+    // The deck's tool tip: while no game runs, it tells a newcomer how to start one.
+    std::string deckToolTip() const;
 
 private:
     void clearHandsAndTable();

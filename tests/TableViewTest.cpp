@@ -4,10 +4,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QToolTip>
 #include <QMouseEvent>
 #include <QTest>
 
@@ -36,6 +38,11 @@ protected:
     }
     QPoint centre(const Control& c) const { return QPoint((c.Left + c.Width / 2) / 15, (c.Top + c.Height / 2) / 15); }
     void click(const Control& c) { QTest::mouseClick(window->table(), Qt::LeftButton, {}, centre(c)); }
+    QString toolTipAt(const Control& c) {
+        QHelpEvent help(QEvent::ToolTip, centre(c), window->table()->mapToGlobal(centre(c)));
+        QApplication::sendEvent(window->table(), &help);
+        return QToolTip::text();
+    }
 
     TempDir dir;
     QtHost host{dir.path()};
@@ -91,6 +98,7 @@ TEST_F(TableViewTest, ControlsStandWhereTheLayoutPutsThem) {
 }
 
 TEST_F(TableViewTest, AClickOnTheDeckDealsAndTheWindowIsSavedForReview) {
+    EXPECT_EQ(toolTipAt(program->frmMain.ctl.imgDeck), "Click the deck to deal.") << "a newcomer learns how to start";
     click(program->frmMain.ctl.imgDeck);
     EXPECT_EQ(program->g.gGameInProgress, 1);
     EXPECT_TRUE(program->frmMain.ctl.imgPCard[0].hasPicture());

@@ -256,7 +256,8 @@ bool TableView::event(QEvent* event) {
     const auto all = items();
     const Item* item = hitTest(help->pos(), all);
     QString tip;
-    if (item && item->kind == Kind::Image) tip = QString::fromStdString(static_cast<const Image*>(item->control)->ToolTipText);
+    if (item && item->target == Target::Deck) tip = QString::fromStdString(game_.dealer.deckToolTip());
+    else if (item && item->kind == Kind::Image) tip = QString::fromStdString(static_cast<const Image*>(item->control)->ToolTipText);
     if (tip.isEmpty())
         QToolTip::hideText();
     else
