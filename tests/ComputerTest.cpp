@@ -74,6 +74,20 @@ TEST_F(Computer, TheDropTakesTheMostValuableMatch) {
     EXPECT_TRUE(f->ctl.imgCCard[0].Visible) << "a capture leaves the hand place visible";
 }
 
+TEST_F(Computer, WithoutYakuTheDropScoresTheCardsAlone) {
+    f->settings.WriteSettings(0, 10, 0, 0);
+    dealWith({}, {4, 14, 18, 22, 26, 30, 34, 38}, {5, 44, 45, 46, 47, 40, 41, 42});
+    f->m.mTurn = 1;
+    f->computer.CompSelectCard();
+    f->m.mCompPhase = 1;
+    f->computer.CompDropCard();
+    EXPECT_EQ(pileIndices(1, 1), std::vector<int>{5});
+    EXPECT_EQ(pileIndices(1, 2), std::vector<int>{4});
+    EXPECT_EQ(f->m.mYakuCards[1], (std::array<int, 8>{})) << "the warbler and the plum ribbon count for no group";
+    EXPECT_FALSE(f->ctl.imgCYaku[21].hasPicture());
+    EXPECT_EQ(f->ctl.panel[1].lblPointsTotal[3].Caption, "15");
+}
+
 TEST_F(Computer, OfEqualMatchesTheDropTakesTheLowerSlot) {
     dealWith({}, {0, 14, 18, 22, 26, 30, 34, 38}, {44, 2, 3, 45, 46, 47, 40, 41});
     f->m.mTurn = 1;
