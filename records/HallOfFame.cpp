@@ -1,6 +1,7 @@
 #include "records/HallOfFame.h"
 
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
@@ -66,7 +67,12 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
         sqlite3_busy_timeout(db, lockWaitMs);
         o.rc = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
         // A write-protected file opens read-only without a word; refuse it here, not at a write.
-        if (o.rc == SQLITE_OK && sqlite3_db_readonly(db, "main") == 1) o.rc = SQLITE_READONLY;
+        if (o.rc == SQLITE_OK && sqlite3_db_readonly(db, "main") == 1) {
+            o.rc = SQLITE_READONLY;
+            o.reason = std::string(sqlite3_errstr(o.rc)) + " (the file is write-protected)";
+            sqlite3_close(db);
+            return o;
+        }
     }
     if (o.rc == SQLITE_OK) o.rc = sqlite3_exec(db, kDurability, nullptr, nullptr, nullptr);
     if (o.rc == SQLITE_OK) {
@@ -74,6 +80,11 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
         return o;
     }
     o.systemErrno = db ? sqlite3_system_errno(db) : 0;
+    // A file that cannot be made fails last on a read-only retry; the folder's refusal is the cause.
+    std::error_code ec;
+    if ((o.rc & 0xFF) == SQLITE_CANTOPEN && !std::filesystem::exists(file, ec) &&
+        ::access(file.parent_path().c_str(), W_OK) != 0)
+        o.systemErrno = errno;
     o.reason = db && sqlite3_errcode(db) != SQLITE_OK ? sqlite3_errmsg(db) : sqlite3_errstr(o.rc);
     if (o.systemErrno != 0) o.reason += std::string(" (") + std::strerror(o.systemErrno) + ")";
     sqlite3_close(db);

@@ -6,6 +6,7 @@
 #include <QDate>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
 #include <QTime>
@@ -20,12 +21,32 @@ namespace petal {
 
 namespace {
 
-// A message box of the game. It opens where the host places it; a Yes/No question answers only
-// to its two buttons, so that neither Escape nor the close box takes it for No.
+// Breaks each line of a text at blanks into lines no wider than width; a longer word stands whole.
+QString wrapped(const QString& text, const QFontMetrics& metrics, int width) {
+    QStringList lines;
+    for (const QString& paragraph : text.split(QLatin1Char('\n'))) {
+        QString line;
+        for (const QString& word : paragraph.split(QLatin1Char(' '))) {
+            const QString longer = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
+            if (!line.isEmpty() && metrics.horizontalAdvance(longer) > width) {
+                lines << line;
+                line = word;
+            } else {
+                line = longer;
+            }
+        }
+        lines << line;
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+// A message box of the game. It opens where the host places it, its text wrapped to fit the
+// width it is given; a Yes/No question answers only to its two buttons, so that neither Escape
+// nor the close box takes it for No.
 class GameBox : public QMessageBox {
 public:
-    GameBox(QWidget* parent, bool question, std::function<std::optional<QPoint>(QSize)> place)
-        : QMessageBox(parent), question_(question), place_(std::move(place)) {
+    GameBox(QWidget* parent, bool question, int widest, std::function<std::optional<QPoint>(QSize)> place)
+        : QMessageBox(parent), question_(question), widest_(widest), place_(std::move(place)) {
         if (question_) setWindowFlag(Qt::WindowCloseButtonHint, false);
     }
 
@@ -33,6 +54,7 @@ protected:
     // The box takes its final size only here, just before it appears.
     void showEvent(QShowEvent* event) override {
         QMessageBox::showEvent(event);
+        narrowTo(widest_);
         if (const auto at = place_(size())) move(*at);
     }
     void keyPressEvent(QKeyEvent* event) override {
@@ -45,7 +67,16 @@ protected:
     }
 
 private:
+    // The box lays its text out up to half the screen wide; a text too wide for the table is
+    // broken into shorter lines instead, and the box takes its size anew.
+    void narrowTo(int width) {
+        const auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        if (width <= 0 || this->width() <= width || !label) return;
+        setText(wrapped(text(), label->fontMetrics(), label->width() - (this->width() - width)));
+    }
+
     bool question_;
+    int widest_;
     std::function<std::optional<QPoint>(QSize)> place_;
 };
 
@@ -100,7 +131,8 @@ void QtHost::waitUntil(const std::function<bool()>& done) {
 MsgResult QtHost::msgBox(const MsgBox& box) {
     if (ending_) return MsgResult::Cancel;
     if (onModelChanged) onModelChanged();
-    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, [this](QSize size) { return overTable(size); });
+    const int widest = tableArea && mainWidget_ && mainWidget_->isVisible() ? tableArea().width() : 0;
+    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, widest, [this](QSize size) { return overTable(size); });
     dialog.setWindowTitle(QString::fromStdString(box.title));
     dialog.setText(QString::fromStdString(box.text));
     switch (box.icon) {
