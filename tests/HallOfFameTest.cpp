@@ -85,17 +85,6 @@ TEST_F(HallOfFameTest, EqualScoresOrderByDateTextThenNameAndBlanksFollow) {
     for (std::size_t r = 3; r < table.size(); ++r) EXPECT_EQ(table[r], kBlankSingle);
 }
 
-// A name holding the text's separators keeps its row and its fields, and comes back as stored.
-TEST_F(HallOfFameTest, SeparatorsInANameAreEscapedInTheText) {
-    const std::string name = "Smith, John: 100%";
-    hof.AddHallOfFameEntry(name, 50, 1, 0, 0);
-    const std::string text = hof.GetHallOfFame(0);
-    EXPECT_EQ(std::count(text.begin(), text.end(), ':'), 9);
-    EXPECT_EQ(rows(0)[0], "Smith%2C John%3A 100%25,11/22/2026,50,1,N/A,N/A,N/A");
-    EXPECT_EQ(HallOfFame::fieldValue(HallOfFame::fieldText(name)), name);
-    EXPECT_EQ(query("SELECT PlayerName FROM SingleStats"), name);
-}
-
 // A file made elsewhere may hold more than ten rows: the entry takes the last of the order
 // away, not whichever row stands eleventh.
 TEST_F(HallOfFameTest, TheTrimOfALongTableRemovesItsLastRow) {
