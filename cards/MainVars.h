@@ -42,6 +42,8 @@ struct MainVars {
     bool mAutoDeal = false;
     bool mReceiving = false;
     bool mConnected = false;
+    // Our own: raised by every NewGame, so that a wait can tell that its deal has gone.
+    int dealSerial = 0;
 };
 
 }  // namespace petal

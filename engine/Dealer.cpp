@@ -32,6 +32,7 @@ void Dealer::NewGame(bool ClearOnly) {
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
     if (f_.g.gGameInProgress == 0) f_.g.dimRoundScores(f_.g.gRounds);
+    ++m.dealSerial;
     clearHandsAndTable();
     clearPiles();
     resetYakuRows(ClearOnly);
@@ -137,7 +138,6 @@ void Dealer::DealCards() {
     MainVars& m = f_.m;
     Globals& g = f_.g;
     f_.setMousePointer(FrmMain::kPointerHourglass);
-    ++serial_;
     f_.net.dealStarted();
     NewGame(false);
     ShuffleCards();
@@ -197,6 +197,10 @@ void Dealer::showLeader() {
         c.panel[leader].imgTurn.Visible = true;
     }
     if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = leader == 0;
+}
+
+std::string Dealer::deckToolTip() const {
+    return f_.g.gGameInProgress == 0 && f_.g.gPlayMode != 2 ? "Click the deck to deal." : "";
 }
 
 }  // namespace petal

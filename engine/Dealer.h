@@ -1,4 +1,5 @@
 #pragma once
+#include <string>
 
 namespace petal {
 
@@ -13,8 +14,8 @@ public:
     void NewGame(bool ClearOnly);
     void ShuffleCards();
     void DealCards();
-    // Counts the deals: a wait that sees it change knows a deal came meanwhile.
-    unsigned serial() const { return serial_; }
+    // The deck's tool tip: while no game runs, it tells a newcomer how to start one.
+    std::string deckToolTip() const;
 
 private:
     void clearHandsAndTable();
@@ -24,7 +25,6 @@ private:
     void showLeader();
 
     FrmMain& f_;
-    unsigned serial_ = 0;
 };
 
 }  // namespace petal

@@ -26,14 +26,16 @@ void DeckFlip::FlipCard() {
     if (best != -1) return;
 
     // No match: the card stands for the flip timer's pause, then lies down by itself. Clicks
-    // that come in meanwhile meet the hourglass and the cleared frames.
-    if (f_.MousePointer() == FrmMain::kPointerDefault) f_.setMousePointer(FrmMain::kPointerHourglass);
+    // that come in meanwhile meet the hourglass (the hand pointer too gives way to it) and the
+    // cleared frames.
+    f_.setMousePointer(FrmMain::kPointerHourglass);
     m.mFlipDone = false;
     f_.tmrFlipTimer.setEnabled(true);
     f_.host.refresh();
-    f_.host.waitUntil([&m] { return m.mFlipDone; });
-    // A game cleared during the pause took the flipped card with it: nothing is left to lay down.
-    if (f_.host.ending() || c.imgFlipCard.Tag != std::to_string(m.mDeckPos)) return;
+    // A game abandoned during the pause takes its flip with it.
+    const int deal = m.dealSerial;
+    f_.host.waitUntil([&m, deal] { return m.mFlipDone || m.dealSerial != deal; });
+    if (f_.host.ending() || m.dealSerial != deal) return;
     c.imgFlipCard.clearCard();
     const int turn = m.mTurn;
     const int slot = f_.play.AddCardToTable(m.mDeckPos);

@@ -59,7 +59,9 @@ void HandPlay::hideTableFrames() {
 }
 
 void HandPlay::imgPCard_Click(int Slot) {
-    if (f_.MousePointer() == FrmMain::kPointerHourglass || f_.ctl.shpFlipCard.Visible) return;
+    // Whatever the pointer shows, no hand card is played while a flipped card is pending.
+    const TableModel& c = f_.ctl;
+    if (f_.MousePointer() == FrmMain::kPointerHourglass || c.shpFlipCard.Visible || c.imgFlipCard.hasPicture()) return;
     const int selected = selectedHandSlot();
     if (selected >= 0) HiliteCards("P", selected, false);
     if (selected == Slot) {

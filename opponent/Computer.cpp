@@ -22,7 +22,9 @@ void Computer::tmrComputer_Timer() {
         closingTick();
         return;
     }
+    const int deal = m.dealSerial;
     const bool advance = runPhase();
+    if (m.dealSerial != deal) return;  // the game was left, or dealt anew, during the flip's pause
     if (f_.g.gPlayMode == 0 || advance) ++m.mCompPhase;
 }
 
@@ -147,6 +149,8 @@ void Computer::commitSelection(int slot, bool highlight) {
 void Computer::CompDropCard() {
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
+    // A click on the table between the select and the drop tick has laid the card down already.
+    if (m.mCompPhase == 1 && !c.imgCCard.at(m.mCompCard).hasPicture()) return;
     const int t = f_.play.RelativeCheck(m.mCompDeckPos, true);
     if (t == -1) {
         f_.play.imgTable_Click();

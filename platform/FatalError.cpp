@@ -8,7 +8,7 @@ namespace petal {
 namespace {
 void endWith(Host& host, const std::string& title, const std::string& text) {
     if (!host.ending()) host.msgBox({text, title, MsgIcon::Exclamation, MsgButtons::OK});
-    host.endProgram();
+    host.endProgramAfterFailure();
 }
 }  // namespace
 

@@ -13,8 +13,8 @@ class Form;
 class Socket;
 
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
-enum class MsgButtons { OK, OKCancel, YesNo, YesNoCancel };
-enum class MsgResult { OK, Cancel, Yes, No };
+enum class MsgButtons { OK, OKCancel, YesNo, YesNoCancel, RetryCancel };
+enum class MsgResult { OK, Cancel, Yes, No, Retry };
 
 struct MsgBox {
     std::string text;
@@ -63,7 +63,11 @@ public:
 
     // Ends the program in good order: pending waits return, no further events are delivered.
     virtual void endProgram() = 0;
+    // The same end after a failure, so that the process exits with a non-zero status.
+    virtual void endProgramAfterFailure() = 0;
     virtual bool ending() const = 0;
+    // The process's exit status: 0 after a plain end, non-zero after a failure's.
+    virtual int exitStatus() const = 0;
 };
 
 }  // namespace petal

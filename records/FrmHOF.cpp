@@ -1,7 +1,6 @@
 #include "records/FrmHOF.h"
 
 #include <cstdio>
-#include <stdexcept>
 #include <vector>
 
 #include "cards/Globals.h"
@@ -22,10 +21,9 @@ std::vector<std::string> split(const std::string& text, char sep) {
     }
 }
 
-// A missing field is a row spoilt by a "," or ":" in a name: it ends the program in order.
-const std::string& field(const std::vector<std::string>& fields, std::size_t index) {
-    if (index >= fields.size()) throw std::out_of_range("a Hall of Fame row lacks field " + std::to_string(index));
-    return fields[index];
+// The store's rows are whole, their separators escaped; a field missing all the same reads blank.
+std::string field(const std::vector<std::string>& fields, std::size_t index) {
+    return index < fields.size() ? HallOfFame::fieldValue(fields[index]) : " ";
 }
 
 }  // namespace
@@ -44,10 +42,7 @@ std::array<std::vector<std::string>, 10> FrmHOF::rowsOf(const std::string& text)
     std::array<std::vector<std::string>, 10> rows;
     if (text.empty()) return rows;
     const std::vector<std::string> parts = split(text, ':');
-    if (parts.size() > rows.size())
-        throw std::out_of_range("the Hall of Fame holds a name with a \":\", which splits its row: lblName(" +
-                                std::to_string(parts.size()) + ")");
-    for (std::size_t i = 0; i < parts.size(); ++i) rows[i] = split(parts[i], ',');
+    for (std::size_t i = 0; i < parts.size() && i < rows.size(); ++i) rows[i] = split(parts[i], ',');
     return rows;
 }
 
@@ -56,7 +51,7 @@ void FrmHOF::showSinglePage() {
     for (std::size_t i = 0; i < rows.size(); ++i) {
         if (rows[i].empty()) continue;
         for (int c = 0; c < kColumns; ++c) {
-            const std::string& value = field(rows[i], c);
+            const std::string value = field(rows[i], c);
             cells[c][i + 1] = c == 1 ? formatDate(value) : value;
         }
     }

@@ -35,7 +35,7 @@ public:
 
 private:
     void showSinglePage();
-    // Splits the store's text into rows of fields; more than ten rows have no labels.
+    // Splits the store's text into its ten rows of fields.
     static std::array<std::vector<std::string>, 10> rowsOf(const std::string& text);
 
     Globals& g_;

@@ -23,12 +23,15 @@ public:
     std::filesystem::path path() const;
 
 private:
+    void replaceUnplayable();
+
     Host& host_;
     Globals& g_;
     std::string& mainCaption_;
 };
 
-// The numbers of a settings text; throws FatalError on an empty text or a fifth number.
+// The numbers of a settings text; throws FatalError on an empty text, a fifth number or one
+// beyond 16 bits.
 std::array<int, 4> parseSettings(const std::string& text, const std::filesystem::path& file);
 
 }  // namespace petal

@@ -1,13 +1,15 @@
 #include "records/HallOfFame.h"
 
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
+#include <vector>
 
-#include "records/SqliteStatement.h"
-#include "platform/FatalError.h"
 #include "platform/Host.h"
+#include "records/SqliteStatement.h"
 
 namespace petal {
 
@@ -44,10 +46,6 @@ const TableDef kTournament = {
 
 const TableDef& tableFor(bool tournament) { return tournament ? kTournament : kSingle; }
 
-// Long enough to outlast another program's short read of the file, short enough that a lasting
-// lock soon reaches the user as "Access Denied".
-constexpr int kBusyTimeoutMs = 1000;
-
 // The rollback journal keeps the records in one file between runs, and a hot journal left by a
 // crash is rolled back at the next open; FULL syncs make each commit durable before it returns.
 constexpr const char* kDurability = "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL";
@@ -60,15 +58,21 @@ struct Opening {
 };
 
 // SQLite reads nothing at open, so a lock or a foreign file shows only at the first statement.
-Opening openFile(const std::filesystem::path& file) {
+// A file that is missing is made.
+Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
     Opening o;
     sqlite3* db = nullptr;
     o.rc = sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     if (o.rc == SQLITE_OK) {
-        sqlite3_busy_timeout(db, kBusyTimeoutMs);
+        sqlite3_busy_timeout(db, lockWaitMs);
         o.rc = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
         // A write-protected file opens read-only without a word; refuse it here, not at a write.
-        if (o.rc == SQLITE_OK && sqlite3_db_readonly(db, "main") == 1) o.rc = SQLITE_READONLY;
+        if (o.rc == SQLITE_OK && sqlite3_db_readonly(db, "main") == 1) {
+            o.rc = SQLITE_READONLY;
+            o.reason = std::string(sqlite3_errstr(o.rc)) + " (the file is write-protected)";
+            sqlite3_close(db);
+            return o;
+        }
     }
     if (o.rc == SQLITE_OK) o.rc = sqlite3_exec(db, kDurability, nullptr, nullptr, nullptr);
     if (o.rc == SQLITE_OK) {
@@ -76,7 +80,13 @@ Opening openFile(const std::filesystem::path& file) {
         return o;
     }
     o.systemErrno = db ? sqlite3_system_errno(db) : 0;
+    // A file that cannot be made fails last on a read-only retry; the folder's refusal is the cause.
+    std::error_code ec;
+    if ((o.rc & 0xFF) == SQLITE_CANTOPEN && !std::filesystem::exists(file, ec) &&
+        ::access(file.parent_path().c_str(), W_OK) != 0)
+        o.systemErrno = errno;
     o.reason = db && sqlite3_errcode(db) != SQLITE_OK ? sqlite3_errmsg(db) : sqlite3_errstr(o.rc);
+    if (o.systemErrno != 0) o.reason += std::string(" (") + std::strerror(o.systemErrno) + ")";
     sqlite3_close(db);
     return o;
 }
@@ -111,44 +121,52 @@ int storedAverage(int total, int rounds) {
 
 }  // namespace
 
+// A failed statement inside an operation, with SQLite's code and its own words for it.
+struct HallOfFame::Failure {
+    int code;
+    std::string reason;
+    bool locked() const { return (code & 0xFF) == SQLITE_BUSY || (code & 0xFF) == SQLITE_LOCKED; }
+};
+
 HallOfFame::HallOfFame(Host& host) : host_(host) {}
 
 HallOfFame::~HallOfFame() { CloseHallOfFame(); }
 
 std::filesystem::path HallOfFame::path() const { return host_.programFolder() / kFileName; }
 
+void HallOfFame::setLockWait(int ms) {
+    lockWaitMs_ = ms;
+    if (gHOFDatabase_) sqlite3_busy_timeout(gHOFDatabase_, ms);
+}
+
 void HallOfFame::OpenHallOfFame() {
     CloseHallOfFame();
-    std::error_code ec;
-    if (std::filesystem::exists(path(), ec))
-        OpenExistingDatabase();
-    else
-        createDatabase();
+    OpenExistingDatabase();
     EnsureTable(kSingle.name);
     EnsureTable(kTournament.name);
 }
 
-// Making the file has no trap: a folder that refuses it ends the program.
-void HallOfFame::createDatabase() {
-    const Opening o = openFile(path());
-    if (!o.db) fail("OpenHallOfFame", o.reason);
-    gHOFDatabase_ = o.db;
-}
-
+// Opens the file, making it when it is missing. A file refused to this user or locked by another
+// program asks Retry or Cancel; Cancel, like a file that is no database, leaves the records out of
+// reach and the program goes on without them.
 void HallOfFame::OpenExistingDatabase() {
     while (!host_.ending()) {
-        const Opening o = openFile(path());
+        const Opening o = openFile(path(), lockWaitMs_);
         if (o.db) {
             gHOFDatabase_ = o.db;
+            unreachable_.clear();
             return;
         }
+        unreachable_ = o.reason;
         if ((o.rc & 0xFF) == SQLITE_NOTADB) {
             host_.msgBox({"System Password Error", "Invalid Password", MsgIcon::Exclamation, MsgButtons::OK});
             return;
         }
         if (!accessDenied(o)) return;
-        host_.msgBox({"The Hall of Fame file \"" + path().string() + "\" cannot be opened: " + o.reason + ".",
-                      "Access Denied", MsgIcon::Exclamation, MsgButtons::OK});
+        const std::string text = "The Hall of Fame file \"" + path().string() + "\" cannot be opened: " + o.reason +
+                                 ".\n\nRetry, or Cancel to play on without the Hall of Fame.";
+        if (host_.msgBox({text, "Access Denied", MsgIcon::Exclamation, MsgButtons::RetryCancel}) != MsgResult::Retry)
+            return;
     }
 }
 
@@ -175,37 +193,65 @@ void HallOfFame::CloseHallOfFame() {
     gHOFDatabase_ = nullptr;
 }
 
-void HallOfFame::fail(const std::string& routine, const std::string& reason) const {
-    throw FatalError("Hall of Fame",
-                     routine + " failed on the Hall of Fame file \"" + path().string() + "\": " + reason + ".");
+bool HallOfFame::guarded(const std::string& operation, const std::function<void()>& body) {
+    while (!host_.ending()) {
+        try {
+            body();
+            return true;
+        } catch (const Failure& failure) {
+            const std::string cause =
+                "The Hall of Fame file \"" + path().string() + "\" cannot be " + operation + ": " + failure.reason + ".";
+            if (!failure.locked()) {
+                tellOnce(cause + "\n\nThe game goes on without it.");
+                return false;
+            }
+            const std::string text = cause + "\n\nAnother program holds the file. Retry once it has let go, or "
+                                             "Cancel to go on without it.";
+            if (host_.msgBox({text, "Hall of Fame", MsgIcon::Exclamation, MsgButtons::RetryCancel}) != MsgResult::Retry)
+                return false;
+        }
+    }
+    return false;
 }
 
-sqlite3* HallOfFame::database(const std::string& routine) const {
-    if (!gHOFDatabase_) fail(routine, "the file could not be opened, so the records are out of reach");
+// The same failure again (records out of reach, a damaged file) is not told at every game.
+void HallOfFame::tellOnce(const std::string& text) {
+    if (!told_.insert(text).second) return;
+    host_.msgBox({text, "Hall of Fame", MsgIcon::Exclamation, MsgButtons::OK});
+}
+
+void HallOfFame::fail(int code) const { throw Failure{code, sqlite3_errmsg(gHOFDatabase_)}; }
+
+sqlite3* HallOfFame::database() const {
+    if (!gHOFDatabase_)
+        throw Failure{SQLITE_CANTOPEN, (unreachable_.empty() ? std::string("it is not open") : unreachable_) +
+                                           ", so the records are out of reach"};
     return gHOFDatabase_;
 }
 
-void HallOfFame::prepared(const SqliteStatement& statement, const std::string& routine) const {
-    if (!statement.prepared()) fail(routine, sqlite3_errmsg(gHOFDatabase_));
+void HallOfFame::prepared(const SqliteStatement& statement) const {
+    if (!statement.prepared()) fail(statement.prepareCode());
 }
 
-void HallOfFame::exec(const std::string& sql, const std::string& routine) {
-    if (sqlite3_exec(database(routine), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK)
-        fail(routine, sqlite3_errmsg(gHOFDatabase_));
+void HallOfFame::exec(const std::string& sql) {
+    const int rc = sqlite3_exec(database(), sql.c_str(), nullptr, nullptr, nullptr);
+    if (rc != SQLITE_OK) fail(rc);
 }
 
-int HallOfFame::rowCount(const TableDef& table, const std::string& routine) {
-    SqliteStatement count(database(routine), std::string("SELECT count(*) FROM [") + table.name + "]");
-    if (count.step() != SQLITE_ROW) fail(routine, sqlite3_errmsg(gHOFDatabase_));
+int HallOfFame::rowCount(const TableDef& table) {
+    SqliteStatement count(database(), std::string("SELECT count(*) FROM [") + table.name + "]");
+    prepared(count);
+    const int rc = count.step();
+    if (rc != SQLITE_ROW) fail(rc);
     return count.integer(0);
 }
 
-// One write, whole or not at all: a failure inside rolls back before the program ends.
-void HallOfFame::transaction(const std::string& routine, const std::function<void()>& writes) {
-    exec("BEGIN IMMEDIATE", routine);
+// One write, whole or not at all: a failure inside rolls back.
+void HallOfFame::transaction(const std::function<void()>& writes) {
+    exec("BEGIN IMMEDIATE");
     try {
         writes();
-        exec("COMMIT", routine);
+        exec("COMMIT");
     } catch (...) {
         sqlite3_exec(gHOFDatabase_, "ROLLBACK", nullptr, nullptr, nullptr);
         throw;
@@ -213,37 +259,48 @@ void HallOfFame::transaction(const std::string& routine, const std::function<voi
 }
 
 bool HallOfFame::IsHighScore(int GameType, int Score) {
-    const std::string routine = "IsHighScore";
     const TableDef& table = tableFor(GameType != 0);
-    const int rows = rowCount(table, routine);
-    if (rows < kRows) return true;
-    // Compared on Score even where the order is by ScoreAverage, as the tables always have been.
-    SqliteStatement last(gHOFDatabase_, std::string("SELECT Score FROM [") + table.name + "] ORDER BY " + table.order +
-                                            " LIMIT 1 OFFSET " + std::to_string(rows - 1));
-    if (last.step() != SQLITE_ROW) fail(routine, sqlite3_errmsg(gHOFDatabase_));
-    return Score > last.integer(0);
+    bool high = false;
+    guarded("read to test the score", [&] {
+        const int rows = rowCount(table);
+        if (rows < kRows) {
+            high = true;
+            return;
+        }
+        // Compared on Score even where the order is by ScoreAverage, as the tables always have been.
+        SqliteStatement last(gHOFDatabase_, std::string("SELECT Score FROM [") + table.name + "] ORDER BY " +
+                                                table.order + " LIMIT 1 OFFSET " + std::to_string(rows - 1));
+        prepared(last);
+        const int rc = last.step();
+        if (rc != SQLITE_ROW) fail(rc);
+        high = Score > last.integer(0);
+    });
+    return high;
 }
 
+// Ten rows of fields; where the table has run out, and where it cannot be read, a row is blank.
 std::string HallOfFame::GetHallOfFame(int GameType) {
-    const std::string routine = "GetHallOfFame";
     const bool tournament = GameType != 0;
     const TableDef& table = tableFor(tournament);
-    SqliteStatement rows(database(routine), std::string("SELECT * FROM [") + table.name + "] ORDER BY " + table.order +
-                                                " LIMIT " + std::to_string(kRows));
-    prepared(rows, routine);
     const int fields = tournament ? 8 : 7;
-    std::string text;
-    bool pastEnd = false;
-    for (int row = 0; row < kRows; ++row) {
-        if (!pastEnd) {
-            const int rc = rows.step();
-            if (rc != SQLITE_ROW && rc != SQLITE_DONE) fail(routine, sqlite3_errmsg(gHOFDatabase_));
-            pastEnd = rc == SQLITE_DONE;
+    std::vector<std::vector<std::string>> rows;
+    guarded("read", [&] {
+        rows.clear();
+        SqliteStatement query(database(), std::string("SELECT * FROM [") + table.name + "] ORDER BY " + table.order +
+                                              " LIMIT " + std::to_string(kRows));
+        prepared(query);
+        int rc;
+        while ((rc = query.step()) == SQLITE_ROW) {
+            std::vector<std::string>& row = rows.emplace_back();
+            for (int field = 0; field < fields; ++field)
+                row.push_back(field < query.columns() ? fieldText(query.text(field)) : "N/A");
         }
+        if (rc != SQLITE_DONE) fail(rc);
+    });
+    std::string text;
+    for (int row = 0; row < kRows; ++row) {
         for (int field = 0; field < fields; ++field) {
-            if (pastEnd) text += " ";
-            else if (field < rows.columns()) text += rows.text(field);
-            else text += "N/A";
+            text += row < static_cast<int>(rows.size()) ? rows[row][field] : " ";
             if (field + 1 < fields) text += ",";
         }
         if (row + 1 < kRows) text += ":";
@@ -252,23 +309,24 @@ std::string HallOfFame::GetHallOfFame(int GameType) {
 }
 
 void HallOfFame::AddHallOfFameEntry(const std::string& PlayerName, int Score, int YakuCount, int RoundsWon, int Rounds) {
-    const std::string routine = "AddHallOfFameEntry";
     const TableDef& table = tableFor(Rounds != 0);
-    transaction(routine, [&] {
-        insertRow(table, PlayerName, Score, YakuCount, RoundsWon, Rounds);
-        // The count is exact, so the entry that makes eleven rows takes the last in the order away.
-        if (rowCount(table, routine) > kRows)
-            exec(std::string("DELETE FROM [") + table.name + "] WHERE rowid = (SELECT rowid FROM [" + table.name +
-                     "] ORDER BY " + table.order + " LIMIT 1 OFFSET " + std::to_string(kRows) + ")",
-                 routine);
+    guarded("written", [&] {
+        transaction([&] {
+            insertRow(table, PlayerName, Score, YakuCount, RoundsWon, Rounds);
+            // The count is exact: the entry that makes more than ten rows takes the last in the
+            // order away, wherever it stands.
+            const int rows = rowCount(table);
+            if (rows > kRows)
+                exec(std::string("DELETE FROM [") + table.name + "] WHERE rowid = (SELECT rowid FROM [" + table.name +
+                     "] ORDER BY " + table.order + " LIMIT 1 OFFSET " + std::to_string(rows - 1) + ")");
+        });
     });
 }
 
 void HallOfFame::insertRow(const TableDef& table, const std::string& PlayerName, int Score, int YakuCount,
                            int RoundsWon, int Rounds) {
-    const std::string routine = "AddHallOfFameEntry";
-    SqliteStatement insert(gHOFDatabase_, table.insert);
-    prepared(insert, routine);
+    SqliteStatement insert(database(), table.insert);
+    prepared(insert);
     insert.bind(1, PlayerName);
     insert.bind(2, host_.dateText());
     insert.bind(3, Score);
@@ -279,7 +337,33 @@ void HallOfFame::insertRow(const TableDef& table, const std::string& PlayerName,
         insert.bind(7, storedAverage(Score, Rounds));
         insert.bind(8, storedAverage(YakuCount, Rounds));
     }
-    if (insert.step() != SQLITE_DONE) fail(routine, sqlite3_errmsg(gHOFDatabase_));
+    const int rc = insert.step();
+    if (rc != SQLITE_DONE) fail(rc);
+}
+
+std::string HallOfFame::fieldText(const std::string& value) {
+    std::string text;
+    for (const char c : value) {
+        if (c == '%') text += "%25";
+        else if (c == ',') text += "%2C";
+        else if (c == ':') text += "%3A";
+        else text += c;
+    }
+    return text;
+}
+
+std::string HallOfFame::fieldValue(const std::string& text) {
+    std::string value;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const std::string code = text.substr(i, 3);
+        if (code == "%25" || code == "%2C" || code == "%3A") {
+            value += code == "%25" ? '%' : code == "%2C" ? ',' : ':';
+            i += 2;
+        } else {
+            value += text[i];
+        }
+    }
+    return value;
 }
 
 }  // namespace petal

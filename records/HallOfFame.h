@@ -3,6 +3,7 @@
 // the executable, kept in SQLite. Open from start-up to shutdown.
 #include <filesystem>
 #include <functional>
+#include <set>
 #include <string>
 
 struct sqlite3;
@@ -16,6 +17,8 @@ class HallOfFame {
 public:
     static constexpr const char* kFileName = "HOF.mdb";
     static constexpr int kRows = 10;
+    // A file locked by another program is waited for this long before the user is asked.
+    static constexpr int kLockWaitMs = 3000;
 
     explicit HallOfFame(Host& host);
     ~HallOfFame();
@@ -26,32 +29,46 @@ public:
     void CloseHallOfFame();
     bool isOpen() const { return gHOFDatabase_ != nullptr; }
 
+    // A failure of these never costs a game: it is told once, and the game goes on without the
+    // record (no high score, blank rows, nothing stored). A lock asks Retry or Cancel.
     bool IsHighScore(int GameType, int Score);
     std::string GetHallOfFame(int GameType);
     void AddHallOfFameEntry(const std::string& PlayerName, int Score, int YakuCount, int RoundsWon, int Rounds);
 
     std::filesystem::path path() const;
+    void setLockWait(int ms);
+
+    // A value as it stands in the text of GetHallOfFame, and back: "%", "," and ":" are written
+    // as %25, %2C and %3A, so that a name holding them keeps its row and its columns.
+    static std::string fieldText(const std::string& value);
+    static std::string fieldValue(const std::string& text);
 
     // One table's statements, kept beside the code that sends them.
     struct TableDef;
 
 private:
-    void createDatabase();
+    struct Failure;
+
     void OpenExistingDatabase();
     void EnsureTable(const std::string& TableName);
 
-    // The records out of reach, or a failed statement, end the program in good order.
-    [[noreturn]] void fail(const std::string& routine, const std::string& reason) const;
-    sqlite3* database(const std::string& routine) const;
-    void prepared(const SqliteStatement& statement, const std::string& routine) const;
-    void exec(const std::string& sql, const std::string& routine);
-    int rowCount(const TableDef& table, const std::string& routine);
-    void transaction(const std::string& routine, const std::function<void()>& writes);
+    // Runs an operation; a failure inside is told (once) or, for a lock, offered again.
+    bool guarded(const std::string& operation, const std::function<void()>& body);
+    void tellOnce(const std::string& text);
+    [[noreturn]] void fail(int code) const;
+    sqlite3* database() const;
+    void prepared(const SqliteStatement& statement) const;
+    void exec(const std::string& sql);
+    int rowCount(const TableDef& table);
+    void transaction(const std::function<void()>& writes);
     void insertRow(const TableDef& table, const std::string& PlayerName, int Score, int YakuCount, int RoundsWon,
                    int Rounds);
 
     Host& host_;
     sqlite3* gHOFDatabase_ = nullptr;
+    std::string unreachable_;  // why the file could not be opened
+    std::set<std::string> told_;
+    int lockWaitMs_ = kLockWaitMs;
 };
 
 }  // namespace petal

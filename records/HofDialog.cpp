@@ -1,10 +1,12 @@
 #include "records/HofDialog.h"
 
+#include <QFontMetrics>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "assets/PictureStore.h"
 #include "records/FrmHOF.h"
@@ -26,15 +28,14 @@ HofDialog::HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget
 
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(14);
+    QFont bold = font();
+    bold.setBold(true);
     for (int c = 0; c < FrmHOF::kColumns; ++c) {
+        const int width = columnWidth(c, bold);
         for (int r = 0; r < 11; ++r) {
             auto* label = new QLabel(this);
-            label->setMinimumWidth(c == 0 ? 150 : 0);
-            if (r == 0) {
-                QFont bold = label->font();
-                bold.setBold(true);
-                label->setFont(bold);
-            }
+            label->setFixedWidth(width);
+            if (r == 0) label->setFont(bold);
             label->setAlignment((c == 0 ? Qt::AlignLeft : Qt::AlignHCenter) | Qt::AlignVCenter);
             grid->addWidget(label, r, c);
             cells_[c][r] = label;
@@ -54,6 +55,18 @@ HofDialog::HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget
     onClick(close, [this] { form_.cmdClose_Click(); });
     sync();
     setFixedSize(sizeHint());
+}
+
+// As wide as the widest text the column can hold (a name of twenty wide letters, a date, a
+// 16-bit number), so that the window keeps one width whatever the rows hold.
+int HofDialog::columnWidth(int column, const QFont& heading) const {
+    static const QString kWidest[FrmHOF::kColumns] = {QString(20, QLatin1Char('W')), QStringLiteral("00/00/0000"),
+                                                      QStringLiteral("-32768"),      QStringLiteral("-32768"),
+                                                      QStringLiteral("20/20"),       QStringLiteral("-32768"),
+                                                      QStringLiteral("-32768")};
+    const int value = fontMetrics().horizontalAdvance(kWidest[column]);
+    const int title = QFontMetrics(heading).horizontalAdvance(QString::fromStdString(form_.cells[column][0]));
+    return std::max(value, title) + 2;
 }
 
 void HofDialog::sync() {

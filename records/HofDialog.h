@@ -21,6 +21,7 @@ public:
 
 private:
     void sync() override;
+    int columnWidth(int column, const QFont& heading) const;
 
     FrmHOF& form_;
     QLabel* singleTitle_;

@@ -85,7 +85,7 @@ void MatchEnd::endSingleGame() {
     g.gGameInProgress = 0;
     CheckWinLose();
     if (g.gPlayMode != 0) askingRematch();
-    const unsigned dealt = f_.dealer.serial();
+    const int dealt = f_.m.dealSerial;
     const bool again = askPlayAgain();
     if (g.gPlayMode != 0) pumpAfterQuestion();
     decideNextStarter();
@@ -100,8 +100,9 @@ void MatchEnd::endSingleGame() {
     }
     if (f_.socketState() == 8) return;
     answerRematch();
-    // A deal that came from the wire while this side waited stands.
-    if (f_.dealer.serial() != dealt) return;
+    // A deal that came from the wire while this side waited stands, and a game abandoned
+    // meanwhile deals nothing.
+    if (f_.m.dealSerial != dealt) return;
     f_.dealer.NewGame(false);
     // In a rematch only the host deals, so that both sides play one deck; the client waits
     // for its DEAL.
@@ -143,13 +144,14 @@ void MatchEnd::endTournamentRound() {
     // The host deals the next round once the client's card of this round has opened and closed.
     if (g.gPlayMode == 1) m.mPeerReady = false;
     EndComment();
-    const unsigned dealt = f_.dealer.serial();
+    const int dealt = f_.m.dealSerial;
     showScoreCard();
     f_.setMousePointer(FrmMain::kPointerDefault);
-    if (f_.host.ending() || f_.dealer.serial() != dealt) return;
-    // The tournament was abandoned while its card stood or was awaited: no round follows.
-    if (g.gGameInProgress == 0) {
-        m.mTournamentYakus = 0;
+    if (f_.host.ending()) return;
+    // A deal came from the wire, or the tournament was abandoned, while its card stood or was
+    // awaited: no round follows from here.
+    if (m.dealSerial != dealt) {
+        if (g.gGameInProgress == 0) m.mTournamentYakus = 0;
         return;
     }
     if (m.mRoundNo < g.gRounds) {
@@ -177,7 +179,7 @@ void MatchEnd::endTournamentRound() {
         return;
     }
     if (f_.socketState() != 8) answerRematch();
-    if (f_.dealer.serial() != dealt) return;
+    if (f_.m.dealSerial != dealt) return;
     f_.dealer.NewGame(false);
     if (m.mTurn == 1) m.mPeerReady = false;
 }

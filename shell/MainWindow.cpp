@@ -16,6 +16,7 @@ namespace petal {
 MainWindow::MainWindow(FrmMain& game, QtHost& host, PictureStore& pictures)
     : game_(game), host_(host), table_(new TableView(game, host, pictures, this)) {
     setCentralWidget(table_);
+    host_.tableArea = [this] { return table_->tableArea(); };
     buildMenus();
     layout()->setSizeConstraint(QLayout::SetFixedSize);
     sync();

@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
     host.onMousePointer = [&window](int pointer) { window.table()->applyMousePointer(pointer); };
     // The splash shows the window from its load and stays over it for its three seconds.
     petal::runHandler(host, [&program] { program.Main(); });
-    if (host.ending()) return 0;
-    return app.exec();
+    if (host.ending()) return host.exitStatus();
+    const int status = app.exec();
+    return host.ending() ? host.exitStatus() : status;
 }

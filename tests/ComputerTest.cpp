@@ -74,6 +74,20 @@ TEST_F(Computer, TheDropTakesTheMostValuableMatch) {
     EXPECT_TRUE(f->ctl.imgCCard[0].Visible) << "a capture leaves the hand place visible";
 }
 
+TEST_F(Computer, WithoutYakuTheDropScoresTheCardsAlone) {
+    f->settings.WriteSettings(0, 10, 0, 0);
+    dealWith({}, {4, 14, 18, 22, 26, 30, 34, 38}, {5, 44, 45, 46, 47, 40, 41, 42});
+    f->m.mTurn = 1;
+    f->computer.CompSelectCard();
+    f->m.mCompPhase = 1;
+    f->computer.CompDropCard();
+    EXPECT_EQ(pileIndices(1, 1), std::vector<int>{5});
+    EXPECT_EQ(pileIndices(1, 2), std::vector<int>{4});
+    EXPECT_EQ(f->m.mYakuCards[1], (std::array<int, 8>{})) << "the warbler and the plum ribbon count for no group";
+    EXPECT_FALSE(f->ctl.imgCYaku[21].hasPicture());
+    EXPECT_EQ(f->ctl.panel[1].lblPointsTotal[3].Caption, "15");
+}
+
 TEST_F(Computer, OfEqualMatchesTheDropTakesTheLowerSlot) {
     dealWith({}, {0, 14, 18, 22, 26, 30, 34, 38}, {44, 2, 3, 45, 46, 47, 40, 41});
     f->m.mTurn = 1;
@@ -105,6 +119,22 @@ TEST_F(Computer, ATurnTakesFourTicksAndHandsBackToThePlayer) {
     EXPECT_EQ(f->MousePointer(), FrmMain::kPointerDefault);
     EXPECT_TRUE(f->ctl.panel[0].imgTurn.Visible);
     EXPECT_FALSE(f->ctl.panel[1].imgTurn.Visible);
+}
+
+// A click on the table top may lay the computer's card down before the drop tick; the tick then
+// took that card with itself, counting it twice.
+TEST_F(Computer, AClickOnTheTableBeforeTheDropTickLaysTheCardDownOnce) {
+    dealWith({}, {0, 1, 2, 3, 4, 5, 6, 7}, {8, 9, 10, 11, 12, 13, 14, 15});
+    startOppositeTurn();
+    tick();  // select: no card of the hand matches the table
+    const int played = f->m.mCompDeckPos;
+    f->play.imgTable_Click();  // the player's click does what the drop tick would do
+    tick();  // drop
+    int onTable = 0;
+    for (const Image& slot : f->ctl.imgTCard) onTable += tagOf(slot) == played ? 1 : 0;
+    EXPECT_EQ(onTable, 1);
+    for (int row = 0; row < 4; ++row) EXPECT_TRUE(pileIndices(1, row).empty()) << "nothing was captured";
+    EXPECT_EQ(f->m.mCompPhase, 2) << "the turn goes on to its flip";
 }
 
 TEST_F(Computer, AFlipWithoutAMatchEndsTheTurnAtTheNextTick) {

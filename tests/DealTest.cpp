@@ -107,6 +107,19 @@ TEST_F(Deal, TheDeckAsksBeforeAbandoningAGame) {
     EXPECT_EQ(f->ctl.imgPYaku[0].Picture, pic::thumbGrey(0));
 }
 
+// Nothing told a newcomer how to start: the deck's tool tip does while no game runs.
+TEST_F(Deal, TheDecksToolTipSaysHowToStartWhileNoGameRuns) {
+    start();
+    EXPECT_EQ(f->dealer.deckToolTip(), "Click the deck to deal.");
+    f->dealer.imgDeck_Click();
+    EXPECT_EQ(f->dealer.deckToolTip(), "");
+    host->expectMsgBox("Do you want to quit the game in progress?", "Game In Progress", MsgResult::Yes);
+    f->dealer.imgDeck_Click();
+    EXPECT_EQ(f->dealer.deckToolTip(), "Click the deck to deal.");
+    program->g.gPlayMode = 2;
+    EXPECT_EQ(f->dealer.deckToolTip(), "") << "a client's deck deals nothing";
+}
+
 TEST_F(Deal, AClientsDeckDoesNothing) {
     start();
     program->g.gPlayMode = 2;

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
@@ -101,6 +102,28 @@ TEST_F(DialogView, TheHallOfFameShowsItsTwoPagesAndCloses) {
     EXPECT_TRUE(nextWasEnabled);
     EXPECT_FALSE(prevWasEnabled);
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
+// The window used to widen as long names filled its rows.
+TEST_F(DialogView, TheHallOfFameKeepsOneWidthAsItsRowsFillAndTheLongestNameFits) {
+    const QString longest(20, QLatin1Char('W'));
+    auto shownWidth = [&](const QString& picture, bool* nameFits) {
+        int width = 0;
+        whenShown(picture, [&](QWidget* dialog) {
+            width = dialog->width();
+            for (auto* label : dialog->findChildren<QLabel*>())
+                if (label->text() == longest) *nameFits = label->sizeHint().width() <= label->width();
+            button(dialog, "Close")->click();
+        });
+        host.dispatch([this] { program.frmMain.mnuVHallofFame_Click(); });
+        return width;
+    };
+    bool fits = false;
+    const int empty = shownWidth("hall-of-fame-empty.png", &fits);
+    for (int i = 0; i < 10; ++i) program.hof.AddHallOfFameEntry(longest.toStdString(), 100 + i, 9, 0, 0);
+    const int full = shownWidth("hall-of-fame-full.png", &fits);
+    EXPECT_EQ(full, empty);
+    EXPECT_TRUE(fits) << "a name of twenty wide letters shows whole";
 }
 
 TEST_F(DialogView, SetupFiltersTheRoundsAndStoresTheChoice) {

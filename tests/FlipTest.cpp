@@ -1,6 +1,7 @@
 // The deck flip: a card with a match waits for the player's click, one without lies down after
 // the pause, and the turn passes once the flip is dealt with.
 #include "GameFixture.h"
+#include "platform/Timer.h"
 
 namespace petal::test {
 namespace {
@@ -44,6 +45,52 @@ TEST_F(Flip, AFlipWithoutAMatchStandsForHalfASecondUnderTheHourglass) {
     EXPECT_EQ(tagOf(f->ctl.imgTCard[0]), 24) << "laid into the slot that the capture freed";
     EXPECT_EQ(f->m.mTurn, 1);
     EXPECT_EQ(f->MousePointer(), FrmMain::kPointerHourglass) << "left on until the opposite turn ends";
+}
+
+// The flip's hourglass was set only from the arrow: over a yaku picture the hand pointer stayed,
+// and a second hand card could be played while the flipped card stood.
+TEST_F(Flip, NoHandCardIsPlayedDuringTheFlipsPauseWhateverThePointer) {
+    dealWith({kPineCrane}, {}, {kPineChaffA}, {kPaulowniaOther});
+    f->yaku.imgPYaku_MouseMove(0);
+    ASSERT_EQ(f->MousePointer(), FrmMain::kPointerHand);
+    bool selected = true;
+    Timer during(*host, [&] {
+        during.setEnabled(false);
+        f->play.imgPCard_Click(1);
+        selected = f->ctl.shpPHilite.Visible;
+    }, 100);
+    during.setEnabled(true);
+    captureFirst();
+    EXPECT_FALSE(selected);
+    EXPECT_TRUE(f->ctl.imgPCard[1].hasPicture());
+    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerHourglass);
+}
+
+// Abandoning the game inside a flip's pause, the local player's or the computer's, used to leave
+// the flipped card lying on the cleared table.
+TEST_F(Flip, AFlipOutlivingItsGameDoesNothing) {
+    for (const int side : {0, 1}) {
+        restart();
+        dealWith({kPineCrane}, {kPlumChaff}, {kPineChaffA}, {kPaulowniaOther});
+        Timer abandon(*host, [&] {
+            abandon.setEnabled(false);
+            EXPECT_TRUE(f->ctl.imgFlipCard.hasPicture()) << "inside the pause, side " << side;
+            host->expectMsgBox("Do you want to quit the game in progress?", "Game In Progress", MsgResult::Yes);
+            f->dealer.imgDeck_Click();
+        }, side == 0 ? 100 : 1700);
+        abandon.setEnabled(true);
+        if (side == 0) {
+            captureFirst();
+        } else {
+            f->m.mTurn = 1;
+            f->tmrComputer.setEnabled(true);
+        }
+        host->advance(3000);
+        EXPECT_EQ(program->g.gGameInProgress, 0) << side;
+        for (const Image& slot : f->ctl.imgTCard) EXPECT_FALSE(slot.hasPicture()) << "a stray card, side " << side;
+        EXPECT_FALSE(f->ctl.imgFlipCard.hasPicture());
+        EXPECT_EQ(f->m.mCompPhase, 0) << side;
+    }
 }
 
 TEST_F(Flip, TheWildCardFlippedFramesEveryOccupiedSlot) {

@@ -136,6 +136,26 @@ TEST_F(HandPlay, TheTableGrowsByColumnsOnlyWhenNoSlotIsFree) {
     EXPECT_EQ(c.imgTCard[15].Left, 210 + 780 * 7) << "slots 14 and 15 reach the deck's column";
 }
 
+// A client's hand holds positions 8 to 15: a capture and a drop play the card that the slot's
+// Tag names, not the position equal to the slot.
+TEST_F(HandPlay, AClientPlaysTheCardItsSlotHoldsNotThePositionOfTheSlot) {
+    for (const bool capture : {true, false}) {
+        restart();
+        program->g.gPlayMode = 2;
+        dealWith({kPlumWarbler, kWillowPoet}, {kPineCrane, kPaulowniaChaff}, {kPineChaffA});
+        ASSERT_EQ(tagOf(f->ctl.imgPCard[0]), 8);
+        f->play.imgPCard_Click(capture ? 0 : 1);
+        EXPECT_EQ(framedSlots(), capture ? std::vector<int>{0} : std::vector<int>{});
+        if (capture) {
+            f->play.imgTCard_Click(0);
+            EXPECT_EQ(pileIndices(0, 0), std::vector<int>{kPineCrane}) << "the crane, not the warbler at position 0";
+        } else {
+            f->play.imgTable_Click();
+            EXPECT_EQ(tagOf(f->ctl.imgTCard[8]), 9) << "the paulownia at position 9 lies on the table";
+        }
+    }
+}
+
 TEST_F(HandPlay, NoTableClickCountsDuringTheOppositeTurn) {
     dealWith({kPineCrane}, {}, {kPineChaffA});
     f->play.imgPCard_Click(0);

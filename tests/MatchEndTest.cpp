@@ -1,5 +1,7 @@
 // The end of a deal: the wild card's claim, the banners and Hall of Fame offers, the next
 // starter, and whole deals and tournaments played to their end on the simulated host.
+#include <fstream>
+
 #include "GameFixture.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
@@ -122,6 +124,29 @@ TEST_F(MatchEnd, AWonOrTiedSingleGameOffersTheHallOfFameAndALostOneDoesNot) {
     EXPECT_NE(program->hof.GetHallOfFame(0).find("Ayame,11/22/2026,60,0,N/A,N/A,N/A"), std::string::npos);
 }
 
+// The design ended the program when the records could not be read at a game's end; now the
+// player is told once, and the question comes as after any game.
+TEST_F(MatchEnd, AHallOfFameThatCannotBeReadIsToldOnceAndTheGamesGoOn) {
+    program.reset();
+    std::ofstream(dir.path() / "HOF.mdb", std::ios::binary) << std::string(2048, 'x');
+    host = std::make_unique<SimHost>(dir.path());
+    host->expectMsgBox("System Password Error", "Invalid Password", MsgResult::OK);
+    start();
+    for (int game = 0; game < 2; ++game) {
+        dealWith({}, {}, {});
+        f->ctl.panel[0].lblPointsTotal[3].Caption = "60";
+        if (game == 0) host->expectMsgBox("", "", MsgResult::OK);
+        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::Yes);
+        f->EndMatch();
+        EXPECT_FALSE(host->ending());
+        EXPECT_EQ(host->pendingAnswers(), 0u);
+    }
+    const MsgBox& told = host->shownBoxes()[1];
+    EXPECT_EQ(told.title, "Hall of Fame");
+    EXPECT_NE(told.text.find("file is not a database"), std::string::npos) << told.text;
+    EXPECT_EQ(program->g.gGameInProgress, 1);
+}
+
 TEST_F(MatchEnd, AWholeDealRunsTickByTickWithEitherSideLeading) {
     f->events = &counter;
     for (int lead : {0, 1}) {
@@ -150,6 +175,142 @@ TEST_F(MatchEnd, AWholeDealRunsTickByTickWithEitherSideLeading) {
         EXPECT_GE(host->now() - begun, 8 * 2000) << "eight opposite turns of four ticks";
         host->expectMsgBox("Do you want to quit the game in progress?", "Game In Progress", MsgResult::Yes);
         f->dealer.imgDeck_Click();
+    }
+}
+
+TEST_F(MatchEnd, TheOppositeSidesClaimCanCompleteAYakuThatScoresWithoutBeingCounted) {
+    // The opposite side holds the plum and pine ribbons; its wild card took a cherry chaff
+    // (position 9), and the cherry ribbon still lies on the table.
+    dealWith({}, {}, {9});
+    f->m.mTurn = 1;
+    f->yaku.ShowYaku(5);
+    f->yaku.ShowYaku(1);
+    f->piles.SendToCompPoints(9, true, 0);
+    f->m.mTurn = 0;  // the local player moved last
+    host->onForm = [](Form& form) { form.Unload(); };
+    host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
+    f->EndMatch();
+    EXPECT_FALSE(f->ctl.imgTCard[0].hasPicture());
+    EXPECT_EQ(f->m.mYakuCards[1][6], 3);
+    EXPECT_TRUE(f->ctl.lblCYaku[6].Visible);
+    EXPECT_EQ(f->ctl.panel[1].lblPointsTotal[3].Caption, "60") << "the ribbon's 10 and the yaku's 50";
+    EXPECT_EQ(f->m.mYakuCount[1], 0) << "counted for the last mover, not the claimant";
+    EXPECT_EQ(f->ctl.imgWinLose[1].Picture, FrmCards::imgWinLose(0));
+}
+
+TEST_F(MatchEnd, EndCommentNamesTheRoundsSoundByItsMargin) {
+    struct Case {
+        int p, c;
+        const char* sound;
+    };
+    const Case cases[] = {{100, 50, "pwin1.wav"}, {101, 50, "pwin2.wav"}, {150, 50, "pwin2.wav"}, {151, 50, "pwin3.wav"},
+                          {50, 100, "cwin1.wav"}, {0, 51, "cwin2.wav"},   {0, 101, "cwin3.wav"},  {70, 70, "Tie.wav"}};
+    f->settings.WriteSettings(1, 3, -1, 0);
+    program->g.dimRoundScores(3);
+    f->m.mRoundNo = 2;
+    for (const Case& c : cases) {
+        program->g.gRoundScores[0][2] = c.p;
+        program->g.gRoundScores[1][2] = c.c;
+        f->matchEnd.EndComment();
+        EXPECT_EQ(f->lastSound(), (dir.path() / c.sound).string()) << c.p << " against " << c.c;
+    }
+}
+
+// At a tournament's last round each table has its own rule: a won or tied round is offered to
+// the single games, the tournament when it is not lost; tied rounds do not count as won.
+TEST_F(MatchEnd, TheLastRoundOffersTheRoundAndTheTournamentEachByItsOwnRule) {
+    struct Offer {
+        std::string caption;
+        int roundsWon, rounds;
+        bool operator==(const Offer&) const = default;
+    };
+    struct Case {
+        const char* rule;
+        std::vector<int> mine, theirs;
+        std::vector<Offer> offers;
+    };
+    const Case cases[] = {
+        {"a lost tournament still offers its won round", {130, 20, 30, 80}, {160, 90, 40, 30},
+         {{"Single Game High Score", 0, 0}}},
+        {"a tied tournament is offered; its tied round is not won", {150, 50, 50, 50}, {150, 40, 50, 60},
+         {{"Tournament High Score", 1, 3}}},
+        {"a tied round is offered as a single game", {160, 60, 50, 50}, {140, 40, 50, 50},
+         {{"Single Game High Score", 0, 0}, {"Tournament High Score", 1, 3}}},
+    };
+    f->settings.WriteSettings(1, 3, -1, 0);
+    for (const Case& c : cases) {
+        program->g.gRoundScores = {c.mine, c.theirs};
+        f->m.mRoundNo = 3;
+        f->ctl.panel[0].lblPointsTotal[3].Caption = std::to_string(c.mine[3]);
+        f->ctl.panel[1].lblPointsTotal[3].Caption = std::to_string(c.theirs[3]);
+        std::vector<Offer> offers;
+        host->onForm = [&](Form& form) {
+            auto& winner = dynamic_cast<FrmHOFWinner&>(form);
+            offers.push_back({winner.Caption, winner.mRoundsWon, winner.mRounds});
+            winner.cmdCancel_Click();
+        };
+        f->matchEnd.CheckWinLose();
+        EXPECT_EQ(offers, c.offers) << c.rule;
+    }
+}
+
+TEST_F(MatchEnd, TheWinnerOfARoundStartsTheNextAndATieGivesItToTheComputer) {
+    struct Case {
+        const char* mine;
+        const char* theirs;
+        int turn;
+    };
+    for (const Case& c : {Case{"60", "50", 0}, Case{"50", "50", 1}, Case{"40", "50", 1}}) {
+        restart();
+        f->settings.WriteSettings(1, 3, -1, 0);
+        dealWith({}, {}, {});
+        f->ctl.panel[0].lblPointsTotal[3].Caption = c.mine;
+        f->ctl.panel[1].lblPointsTotal[3].Caption = c.theirs;
+        host->onForm = [](Form& form) { form.Unload(); };
+        f->EndMatch();
+        EXPECT_EQ(f->m.mRoundNo, 1);
+        EXPECT_EQ(f->m.mTurn, c.turn) << c.mine << " against " << c.theirs;
+        EXPECT_EQ(f->tmrComputer.Enabled(), c.turn == 1) << "the next round is dealt at once";
+        EXPECT_TRUE(f->ctl.panel[c.turn].imgTurn.Visible);
+    }
+}
+
+TEST_F(MatchEnd, TournamentsOfTwoAndTwentyRoundsRunToTheirEndAndAgainAfterYes) {
+    for (const int rounds : {2, 20}) {
+        restart();
+        f->events = &counter;
+        ended = 0;
+        f->settings.WriteSettings(1, rounds, -1, 0);
+        std::vector<std::vector<std::string>> lastCard;
+        int cardsShown = 0;
+        host->onForm = [&](Form& form) {
+            if (auto* card = dynamic_cast<FrmScoreCard*>(&form)) {
+                ++cardsShown;
+                lastCard.clear();
+                for (const auto& row : card->grid) lastCard.push_back({row[0].text, row[1].text, row[2].text});
+                card->cmdOK_Click();
+            } else {
+                form.Unload();
+            }
+        };
+        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::Yes);
+        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
+        f->dealer.imgDeck_Click();
+        playDeals(rounds);
+        EXPECT_EQ(program->g.gGameInProgress, 1) << "Yes starts the second tournament";
+        EXPECT_EQ(f->m.mRoundNo, 0);
+        playDeals(2 * rounds);
+        EXPECT_EQ(cardsShown, 2 * rounds);
+        EXPECT_TRUE(host->ending());
+        const auto& scores = program->g.gRoundScores;
+        ASSERT_EQ(lastCard.size(), static_cast<std::size_t>(rounds + 2));
+        int total = 0;
+        for (int r = 1; r <= rounds; ++r) {
+            EXPECT_EQ(lastCard[r][1], std::to_string(scores[0][r]));
+            total += scores[0][r];
+        }
+        EXPECT_EQ(lastCard[rounds + 1][1], std::to_string(total)) << "the second tournament's own total";
+        EXPECT_EQ(scores[0][0], total);
     }
 }
 

@@ -32,9 +32,11 @@ protected:
         std::function<void(Form&)> onForm;
         int mode = 0;
         std::vector<std::string> formsShown;
-        // Deals that have ended on this side.
+        // Deals dealt and ended on this side.
         struct Ends : GameEvents {
             int count = 0;
+            int deals = 0;
+            void dealt() override { ++deals; }
             void dealEnded() override { ++count; }
         } ends;
     };

@@ -59,8 +59,8 @@ TEST_F(NetSession, DealsThatCrossInARematchEndOnTheHostsDeck) {
     ASSERT_TRUE(playDeal());
     // The host deals the rematch; before its DEAL arrives, the client deals too, as a copy of
     // the game that deals after every rematch would.
-    const unsigned dealt = host.f().dealer.serial();
-    ASSERT_TRUE(runUntil([&] { return host.f().dealer.serial() != dealt; }));
+    const int dealt = host.ends.deals;
+    ASSERT_TRUE(runUntil([&] { return host.ends.deals != dealt; }));
     act(client, [&] { client.f().dealer.DealCards(); });
     EXPECT_FALSE(client.f().m.mClientDealText.empty());
     world.advance(2000);
@@ -133,7 +133,7 @@ TEST_P(ScoreCardMeeting, TheCardsMeetAndTheNextRoundWaitsForBoth) {
     Side& leader = hostLeads ? host : client;
     Side& other = hostLeads ? client : host;
     std::vector<std::string> order;
-    const unsigned dealt = host.f().dealer.serial();
+    const int dealt = host.ends.deals;
     // The leader keeps its card open for three seconds.
     leader.onForm = [&](Form& form) {
         auto& card = dynamic_cast<FrmScoreCard&>(form);
@@ -141,7 +141,7 @@ TEST_P(ScoreCardMeeting, TheCardsMeetAndTheNextRoundWaitsForBoth) {
         const std::int64_t until = world.now() + 3000;
         leader.host.waitUntil([&] { return world.now() >= until; });
         order.push_back("leader closes");
-        EXPECT_EQ(host.f().dealer.serial(), dealt) << "no round is dealt while a card stands";
+        EXPECT_EQ(host.ends.deals, dealt) << "no round is dealt while a card stands";
         card.cmdOK_Click();
     };
     other.onForm = [&](Form& form) {
@@ -149,7 +149,7 @@ TEST_P(ScoreCardMeeting, TheCardsMeetAndTheNextRoundWaitsForBoth) {
         dynamic_cast<FrmScoreCard&>(form).cmdOK_Click();
     };
     ASSERT_TRUE(playDeal());
-    ASSERT_TRUE(runUntil([&] { return host.f().dealer.serial() != dealt; }));
+    ASSERT_TRUE(runUntil([&] { return host.ends.deals != dealt; }));
     ASSERT_TRUE(runUntil([&] { return client.f().m.mDealSeed == host.f().m.mDealSeed; }));
     EXPECT_EQ(order, (std::vector<std::string>{"leader opens", "other opens", "leader closes"}));
     EXPECT_EQ(host.f().g.gRoundScores[0][1], client.f().g.gRoundScores[1][1]);

@@ -82,10 +82,39 @@ TEST_F(Piles, TheWildCardsCatchIsMarkedButNotTheWildCardItself) {
     EXPECT_EQ(marker.Tag, std::to_string(twenty));
 }
 
-TEST_F(Piles, NewGameEmptiesEveryRowAndLabel) {
+// The marker stands on the caught card wherever it lies: the chaff row's fan and its second line,
+// and a valued row's second layer.
+TEST_F(Piles, TheWildCardsMarkerStandsOnTheCaughtCardInAnyRowAndPlace) {
+    struct Case {
+        int points, before;
+    };
+    f->m.mTurn = 1;  // the counters and the marker follow the side on turn
+    for (const Case& c : {Case{0, 0}, Case{0, 5}, Case{0, 16}, Case{10, 7}}) {
+        f->dealer.NewGame(false);
+        const auto worth = positionsWorth(c.points);
+        for (int k = 0; k < c.before; ++k) f->piles.SendToCompPoints(worth[k], false, 1);
+        f->piles.SendToCompPoints(worth[c.before], true, 0);
+        const Image& caught = f->ctl.panel[1].piles[c.points == 0 ? 3 : 1].back();
+        const Image& marker = f->ctl.panel[1].imgGagi;
+        EXPECT_TRUE(marker.Visible);
+        EXPECT_EQ(std::make_pair(marker.Left, marker.Top), std::make_pair(caught.Left, caught.Top))
+            << c.points << " points after " << c.before;
+        EXPECT_GT(marker.ZOrder, caught.ZOrder);
+        EXPECT_EQ(marker.Tag, std::to_string(worth[c.before]));
+    }
+}
+
+TEST_F(Piles, NewGameEmptiesEveryRowAndLabelAndTakesTheMarkersAway) {
     for (int p : positionsWorth(5)) f->piles.SendToPlayerPoints(p, false, 1);
     f->piles.CalcPlayerPoints();
+    f->piles.SendToPlayerPoints(positionsWorth(0)[0], true, 0);
+    f->m.mTurn = 1;
+    f->piles.SendToCompPoints(positionsWorth(20)[0], true, 0);
     f->dealer.NewGame(false);
+    for (const ScorePanel& panel : f->ctl.panel) {
+        EXPECT_FALSE(panel.imgGagi.Visible);
+        EXPECT_EQ(panel.imgGagi.Tag, "-1") << "no claim is swept at the next deal's end";
+    }
     for (const auto& row : f->ctl.panel[0].piles) {
         EXPECT_EQ(row.size(), 1u);
         EXPECT_FALSE(row[0].hasPicture());

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QTimer>
 #include <QWidget>
 
 #include "platform/qt/QtHost.h"
@@ -68,6 +70,16 @@ TEST(QtHost, PumpingEventsDoesNotRedrawEachPass) {
     for (int pass = 0; pass < 10000; ++pass) host.doEvents();
     EXPECT_LE(table.paints, 3);
     EXPECT_LT(clock.elapsed(), 1000);
+}
+
+// Scripts and the desktop learn of an end after a failure from the process's exit status.
+TEST(QtHost, AnEndAfterAFailureLeavesTheEventLoopWithANonZeroStatus) {
+    for (const bool failure : {false, true}) {
+        QtHost host("/tmp");
+        QTimer::singleShot(0, [&] { failure ? host.endProgramAfterFailure() : host.endProgram(); });
+        EXPECT_EQ(QApplication::exec() != 0, failure);
+        EXPECT_EQ(host.exitStatus() != 0, failure);
+    }
 }
 
 }  // namespace

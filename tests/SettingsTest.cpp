@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "GameFixture.h"
+#include "shell/FrmSetup.h"
 
 namespace petal::test {
 namespace {
@@ -16,6 +17,14 @@ protected:
         std::ostringstream s;
         s << in.rdbuf();
         return s.str();
+    }
+    // A fresh program on this file; the box about unplayable values is answered.
+    void restartWith(const std::string& bytes) {
+        program.reset();
+        writeFile(bytes);
+        host = std::make_unique<SimHost>(dir.path());
+        host->onMsgBox = [](const MsgBox&) { return MsgResult::OK; };
+        start();
     }
     // Starts the program as its entry point would, failures ending in a message box.
     void startGuarded() {
@@ -90,9 +99,95 @@ TEST_F(Settings, BrokenFilesEndTheProgramWithAMessageNamingTheFile) {
         failure = {};
         startGuarded();
         EXPECT_TRUE(host->ending()) << bytes;
+        EXPECT_NE(host->exitStatus(), 0) << "an end after a failure";
         EXPECT_NE(failure.text.find((other.path() / "GARDENIA.ini").string()), std::string::npos) << failure.text;
         EXPECT_EQ(failure.icon, MsgIcon::Exclamation);
     }
+}
+
+// A folder in the file's place used to be reported as "cannot be replaced: Success.".
+TEST_F(Settings, AFolderInTheFilesPlaceIsToldWithTheRealReason) {
+    std::filesystem::create_directory(file());
+    startGuarded();
+    EXPECT_TRUE(host->ending());
+    EXPECT_NE(failure.text.find("\"" + file().string() + "\" cannot be written: Is a directory."), std::string::npos)
+        << failure.text;
+    EXPECT_FALSE(std::filesystem::exists(file().string() + ".tmp"));
+}
+
+// The atomic write replaced whatever stood at the name; a read-only file is now refused and
+// stays as it is, a link is written through, and a file keeps its permissions.
+TEST_F(Settings, TheWriteRespectsReadOnlyFilesLinksAndPermissions) {
+    using std::filesystem::perms;
+    start();
+    writeFile("1\r\n5\r\n-1\r\n0\r\n");
+    std::filesystem::permissions(file(), perms::owner_read | perms::group_read);
+    try {
+        f->settings.WriteSettings(0, 10, -1, 0);
+        ADD_FAILURE() << "a read-only file was written";
+    } catch (const FatalError& e) {
+        EXPECT_NE(std::string(e.what()).find("cannot be written: Permission denied."), std::string::npos) << e.what();
+    }
+    EXPECT_EQ(readFile(), "1\r\n5\r\n-1\r\n0\r\n");
+    EXPECT_EQ(std::filesystem::status(file()).permissions(), perms::owner_read | perms::group_read);
+
+    std::filesystem::permissions(file(), perms::owner_read | perms::owner_write | perms::group_read);
+    f->settings.WriteSettings(0, 12, -1, 0);
+    EXPECT_EQ(std::filesystem::status(file()).permissions(), perms::owner_read | perms::owner_write | perms::group_read);
+
+    std::filesystem::create_directory(dir.path() / "kept");
+    std::filesystem::rename(file(), dir.path() / "kept" / "real.ini");
+    std::filesystem::create_symlink("kept/real.ini", file());
+    f->settings.WriteSettings(1, 20, 0, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(file()));
+    EXPECT_EQ(readFile(), "1\r\n20\r\n0\r\n0\r\n");
+}
+
+// Where the game cannot play with a value, its default stands in, the player is told once
+// which line held what, and the file keeps its lines; playable odd values stay as they are.
+TEST_F(Settings, UnplayableValuesTakeTheirDefaultAndAreTold) {
+    struct Case {
+        std::string text;
+        int gameType, rounds;
+        std::vector<std::string> told;
+    };
+    const Case cases[] = {
+        {"0\r\n0\r\n-1\r\n0\r\n", 0, 0, {}},
+        {"0\r\n99\r\n-1\r\n0\r\n", 0, 99, {}},
+        {"1\r\n1\r\n-1\r\n0\r\n", 1, 1, {}},
+        {"7\r\n5\r\n-1\r\n0\r\n", 0, 5, {"line 1, the game type, holds 7"}},
+        {"1\r\n0\r\n-1\r\n0\r\n", 1, 10, {"line 2, the rounds, holds 0"}},
+        {"1\r\n-4\r\n-1\r\n0\r\n", 1, 10, {"line 2, the rounds, holds -4"}},
+        {"-1\r\n-2\r\n0\r\n0\r\n", 0, 10, {"line 1, the game type, holds -1", "line 2, the rounds, holds -2"}},
+    };
+    for (const Case& c : cases) {
+        restartWith(c.text);
+        EXPECT_EQ(program->g.gGameType, c.gameType) << c.text;
+        EXPECT_EQ(program->g.gRounds, c.rounds) << c.text;
+        ASSERT_EQ(host->shownBoxes().size(), c.told.empty() ? 0u : 1u) << c.text;
+        for (const std::string& line : c.told) {
+            EXPECT_NE(host->shownBoxes()[0].text.find(line), std::string::npos) << host->shownBoxes()[0].text;
+            EXPECT_NE(host->shownBoxes()[0].text.find(file().string()), std::string::npos);
+        }
+        EXPECT_EQ(readFile(), c.text) << "rewritten only by the setup dialog";
+    }
+}
+
+// The setup dialog, the one place to repair the file, used to end the program on a game type
+// of 7; a tournament of 0 rounds ended at its first round.
+TEST_F(Settings, AFileWithUnplayableValuesCanBePlayedAndRepairedInSetup) {
+    restartWith("1\r\n0\r\n-1\r\n0\r\n");
+    host->onForm = [](Form& form) { form.Unload(); };  // the score card
+    f->dealer.imgDeck_Click();
+    f->EndMatch();
+    EXPECT_FALSE(host->ending());
+    EXPECT_EQ(f->m.mRoundNo, 1);
+
+    restartWith("7\r\n5\r\n-1\r\n0\r\n");
+    host->onForm = [](Form& form) { dynamic_cast<FrmSetup&>(form).cmdOK_Click(); };
+    runHandler(*host, [this] { f->mnuSetup_Click(); });
+    EXPECT_FALSE(host->ending());
+    EXPECT_EQ(readFile(), "0\r\n5\r\n-1\r\n0\r\n");
 }
 
 TEST_F(Settings, AFileThatCannotBeCreatedEndsTheProgramInOrder) {

@@ -32,6 +32,7 @@ TEST_F(Startup, ClosingWithoutAGameEndsAtOnceWithoutAQuestion) {
     start();
     f->mnuExit_Click();
     EXPECT_TRUE(host->ending());
+    EXPECT_EQ(host->exitStatus(), 0);
     EXPECT_TRUE(host->shownBoxes().empty());
 }
 

@@ -97,6 +97,23 @@ TEST_F(Yaku, ATwoGroupCardAdvancesBothAndCanCompleteOneWhileKillingTheOther) {
     EXPECT_EQ(f->lastSound(), (dir.path() / "pyaku2.wav").string());
 }
 
+// The sake cup stands in groups 5 and 6: with two of group 5 held and the moon with the opposite
+// side, one capture completes group 5 and kills group 6.
+TEST_F(Yaku, OneCaptureCanCompleteOneGroupAndKillAnother) {
+    take(0, kPeonyButterfly);
+    take(0, kDeer);  // also group 3
+    take(1, kMoon);
+    take(0, kSakeCup);
+    EXPECT_EQ(f->m.mYakuCards[0][4], 3);
+    EXPECT_TRUE(f->ctl.lblPYaku[4].Visible);
+    EXPECT_EQ(row(f->ctl.imgCYaku, 4), std::vector<PictureId>(3, pic::ThumbBack)) << "complete: the opposite row goes";
+    EXPECT_EQ(row(f->ctl.imgPYaku, 5), std::vector<PictureId>(3, pic::ThumbBack)) << "dead on both sides";
+    EXPECT_EQ(row(f->ctl.imgCYaku, 5), std::vector<PictureId>(3, pic::ThumbBack));
+    EXPECT_FALSE(f->ctl.lblPYaku[5].Visible);
+    EXPECT_EQ(f->m.mYakuCount[0], 1);
+    EXPECT_EQ(f->lastSound(), (dir.path() / "pyaku1.wav").string());
+}
+
 TEST_F(Yaku, TwoGroupsCompletedAtOnceAskForTheSecondSoundOnly) {
     f->m.mYakuCards[0] = {3, 3, 0, 0, 0, 0, 0, 0};
     f->yaku.CountYakus();

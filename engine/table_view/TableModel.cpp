@@ -122,7 +122,7 @@ void TableModel::layOutPanels() {
     for (int side : {1, 0}) {
         ScorePanel& p = panel[side];
         const Container inside = side == 0 ? Container::Picture1 : Container::Picture2;
-        place(p.box, 6720, boxTop[side], 4995, 3945);
+        place(p.box, kPanelLeft, boxTop[side], 4995, 3945);
         p.box.Picture = pic::ScorePanel;
         bringToFront(p.box);
         for (int row = 0; row < 4; ++row) {

@@ -19,10 +19,12 @@ struct ScorePanel {
 };
 
 struct TableModel {
-    static constexpr int kClientWidth = 11820;
-    static constexpr int kClientHeight = 8190;  // the yaku panel's cards end here
+    // Wide and tall enough for the yaku panel, which reaches 11850 and ends at 8265.
+    static constexpr int kClientWidth = 11850;
+    static constexpr int kClientHeight = 8280;
     static constexpr int kCardWidth = 750;
     static constexpr int kCardHeight = 1200;
+    static constexpr int kPanelLeft = 6720;  // both score panels' left edge
 
     TableModel();
 

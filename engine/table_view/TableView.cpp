@@ -48,6 +48,12 @@ QSize TableView::sizeHint() const {
     return QSize(qRound(TableModel::kClientWidth / kTwipsPerPixel), qRound(TableModel::kClientHeight / kTwipsPerPixel));
 }
 
+QRect TableView::tableArea() const {
+    constexpr int kGap = 8;  // keeps a box's frame off the panels' rim
+    const int width = qRound(TableModel::kPanelLeft / kTwipsPerPixel) - kGap;
+    return QRect(mapToGlobal(QPoint(0, 0)), QSize(width, height()));
+}
+
 std::vector<TableView::Item> TableView::items() const {
     const TableModel& c = game_.ctl;
     std::vector<Item> form;
@@ -250,7 +256,8 @@ bool TableView::event(QEvent* event) {
     const auto all = items();
     const Item* item = hitTest(help->pos(), all);
     QString tip;
-    if (item && item->kind == Kind::Image) tip = QString::fromStdString(static_cast<const Image*>(item->control)->ToolTipText);
+    if (item && item->target == Target::Deck) tip = QString::fromStdString(game_.dealer.deckToolTip());
+    else if (item && item->kind == Kind::Image) tip = QString::fromStdString(static_cast<const Image*>(item->control)->ToolTipText);
     if (tip.isEmpty())
         QToolTip::hideText();
     else

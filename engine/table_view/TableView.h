@@ -17,6 +17,8 @@ public:
     TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidget* parent = nullptr);
 
     QSize sizeHint() const override;
+    // The table beside the score panels, in screen pixels.
+    QRect tableArea() const;
     void applyMousePointer(int pointer);
 
     // What a control answers to; None for controls without handlers.

@@ -76,12 +76,13 @@ const ProgramFolders& QtCoreHost::folders() {
 
 std::unique_ptr<Socket> QtCoreHost::createSocket() { return std::make_unique<QtSocket>(*this); }
 
-void QtCoreHost::endProgram() {
+void QtCoreHost::end(int status) {
     if (ending_) return;
     ending_ = true;
+    status_ = status;
     for (auto& [timer, qtimer] : timers_) qtimer->stop();
     closeAll();
-    QCoreApplication::exit(exitStatus_);
+    QCoreApplication::exit(status);
     if (auto* dispatcher = QAbstractEventDispatcher::instance()) dispatcher->wakeUp();
 }
 

@@ -26,8 +26,6 @@ public:
     void dispatch(const std::function<void()>& handler);
     // Timers run this many times faster than the game sets them (headless play; 1 in the program).
     void setSpeed(double speed) { speed_ = speed > 0 ? speed : 1; }
-    // The exit status of the event loop when the program ends: 0, or 1 after a failure.
-    void setExitStatus(int status) { exitStatus_ = status; }
 
     void timerChanged(Timer& timer) override;
     void timerRemoved(Timer& timer) override;
@@ -38,8 +36,10 @@ public:
     std::filesystem::path programFolder() override;
     std::filesystem::path helpFolder() override;
     std::unique_ptr<Socket> createSocket() override;
-    void endProgram() override;
+    void endProgram() override { end(0); }
+    void endProgramAfterFailure() override { end(1); }
     bool ending() const override { return ending_; }
+    int exitStatus() const override { return status_; }
 
 protected:
     // After every handler and before every wait: the views draw the model.
@@ -49,12 +49,14 @@ protected:
 
 private:
     const ProgramFolders& folders();
+    // The event loop returns the status: 0, or 1 after a failure.
+    void end(int status);
 
     std::map<Timer*, QTimer*> timers_;
     std::filesystem::path folder_;
     std::optional<ProgramFolders> folders_;
     double speed_ = 1;
-    int exitStatus_ = 0;
+    int status_ = 0;
     bool ending_ = false;
 };
 

@@ -1,11 +1,15 @@
 #include "platform/qt/QtHost.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialog>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
+#include <QScreen>
 #include <QTimer>
+#include <algorithm>
 
 #include "platform/FatalError.h"
 #include "platform/Form.h"
@@ -13,6 +17,69 @@
 #include "platform/qt/KeyStrokes.h"
 
 namespace petal {
+
+namespace {
+
+// Breaks each line of a text at blanks into lines no wider than width; a longer word stands whole.
+QString wrapped(const QString& text, const QFontMetrics& metrics, int width) {
+    QStringList lines;
+    for (const QString& paragraph : text.split(QLatin1Char('\n'))) {
+        QString line;
+        for (const QString& word : paragraph.split(QLatin1Char(' '))) {
+            const QString longer = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
+            if (!line.isEmpty() && metrics.horizontalAdvance(longer) > width) {
+                lines << line;
+                line = word;
+            } else {
+                line = longer;
+            }
+        }
+        lines << line;
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+// A message box of the game. It opens where the host places it, its text wrapped to fit the
+// width it is given; a Yes/No question answers only to its two buttons, so that neither Escape
+// nor the close box takes it for No.
+class GameBox : public QMessageBox {
+public:
+    GameBox(QWidget* parent, bool question, int widest, std::function<std::optional<QPoint>(QSize)> place)
+        : QMessageBox(parent), question_(question), widest_(widest), place_(std::move(place)) {
+        if (question_) setWindowFlag(Qt::WindowCloseButtonHint, false);
+    }
+
+protected:
+    // The box takes its final size only here, just before it appears.
+    void showEvent(QShowEvent* event) override {
+        QMessageBox::showEvent(event);
+        narrowTo(widest_);
+        if (const auto at = place_(size())) move(*at);
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (question_ && event->matches(QKeySequence::Cancel)) return;
+        QMessageBox::keyPressEvent(event);
+    }
+    void closeEvent(QCloseEvent* event) override {
+        if (question_) event->ignore();
+        else QMessageBox::closeEvent(event);
+    }
+
+private:
+    // The box lays its text out up to half the screen wide; a text too wide for the table is
+    // broken into shorter lines instead, and the box takes its size anew.
+    void narrowTo(int width) {
+        const auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        if (width <= 0 || this->width() <= width || !label) return;
+        setText(wrapped(text(), label->fontMetrics(), label->width() - (this->width() - width)));
+    }
+
+    bool question_;
+    int widest_;
+    std::function<std::optional<QPoint>(QSize)> place_;
+};
+
+}  // namespace
 
 void QtHost::registerDialog(const std::string& formName, DialogFactory make) { dialogs_[formName] = std::move(make); }
 
@@ -24,7 +91,8 @@ void QtHost::modelChanged() {
 MsgResult QtHost::msgBox(const MsgBox& box) {
     if (ending()) return MsgResult::Cancel;
     if (onModelChanged) onModelChanged();
-    QMessageBox dialog(mainWidget_);
+    const int widest = tableArea && mainWidget_ && mainWidget_->isVisible() ? tableArea().width() : 0;
+    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, widest, [this](QSize size) { return overTable(size); });
     dialog.setWindowTitle(QString::fromStdString(box.title));
     dialog.setText(QString::fromStdString(box.text));
     switch (box.icon) {
@@ -41,11 +109,13 @@ MsgResult QtHost::msgBox(const MsgBox& box) {
         case MsgButtons::YesNoCancel:
             dialog.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
             break;
+        case MsgButtons::RetryCancel: dialog.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel); break;
     }
     switch (dialog.exec()) {
         case QMessageBox::Ok: return MsgResult::OK;
         case QMessageBox::Yes: return MsgResult::Yes;
         case QMessageBox::No: return MsgResult::No;
+        case QMessageBox::Retry: return MsgResult::Retry;
         default: return MsgResult::Cancel;
     }
 }
@@ -59,12 +129,29 @@ void QtHost::showModal(Form& form) {
     form.Form_Load();
     if (!form.loaded() || ending()) return;
     QPointer<QDialog> dialog = factory->second(form, mainWidget_);
+    dialog->adjustSize();
+    if (const auto at = overTable(dialog->size())) dialog->move(*at);
     open_.push_back({&form, dialog});
     QTimer::singleShot(0, dialog, [this, &form] { dispatch([&form] { form.Form_Activate(); }); });
     dialog->exec();
     open_.pop_back();
     if (form.loaded()) form.Unload();
     delete dialog;
+}
+
+// Centred on the table; one wider than the table keeps its right edge there, so that the score
+// panels stay in sight; and the whole stays on the screen.
+std::optional<QPoint> QtHost::overTable(QSize size) const {
+    if (!tableArea || !mainWidget_ || !mainWidget_->isVisible()) return std::nullopt;
+    const QRect area = tableArea();
+    QPoint at(std::min(area.center().x() - size.width() / 2, area.right() + 1 - size.width()),
+              area.center().y() - size.height() / 2);
+    if (const QScreen* screen = mainWidget_->screen()) {
+        const QRect free = screen->availableGeometry();
+        at.setX(std::clamp(at.x(), free.left(), std::max(free.left(), free.right() + 1 - size.width())));
+        at.setY(std::clamp(at.y(), free.top(), std::max(free.top(), free.bottom() + 1 - size.height())));
+    }
+    return at;
 }
 
 void QtHost::closeUnloadedDialogs() {

@@ -28,6 +28,8 @@ public:
     // Called whenever the model may have changed, so that the views draw it.
     std::function<void()> onModelChanged;
     std::function<void(int)> onMousePointer;
+    // The screen area of the table beside the score panels: boxes and forms open over it.
+    std::function<QRect()> tableArea;
 
     MsgResult msgBox(const MsgBox& box) override;
     void showModal(Form& form) override;
@@ -42,6 +44,9 @@ protected:
 
 private:
     void closeUnloadedDialogs();
+    void end(int status);
+    // Where a box or form of this size stands over the table; nothing while no table shows.
+    std::optional<QPoint> overTable(QSize size) const;
 
     std::map<std::string, DialogFactory> dialogs_;
     struct OpenDialog {

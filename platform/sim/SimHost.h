@@ -73,7 +73,12 @@ public:
     std::unique_ptr<Socket> createSocket() override;
     // The program's end closes its sockets, as a process's end does.
     void endProgram() override;
+    void endProgramAfterFailure() override {
+        if (!ending_) status_ = 1;
+        endProgram();
+    }
     bool ending() const override { return ending_; }
+    int exitStatus() const override { return status_; }
 
     // Inside a world: whether a handler of this program is waiting in a nested loop.
     bool waiting() const { return waitDepth_ > 0; }
@@ -130,6 +135,7 @@ private:
     int modalDepth_ = 0;
     std::vector<SimSocket*> sockets_;
     bool mainFormShown_ = false;
+    int status_ = 0;
 };
 
 }  // namespace petal

@@ -124,16 +124,17 @@ def hand_cursor():
 
 # ---- banners ------------------------------------------------------------------------------
 
+# Each stands over one side's hand, the player's or the opponent's, so each names that side's
+# result and reads right over either.
 BANNERS = {
-    "bannerWin": ("YOU WIN!", ("#D63A2E", LACQUER, LACQUER_DARK), GOLD_LIGHT, GOLD),
-    "bannerLose": ("YOU LOSE", ("#41507A", "#243056", "#151C36"), "#E4E8F0", "#9AA6C0"),
-    "bannerTie": ("TIE GAME", ("#3E6E52", "#1F4A34", "#10291C"), GOLD_LIGHT, GOLD),
+    "bannerWin": ("WINNER", ("#D63A2E", LACQUER, LACQUER_DARK), GOLD_LIGHT, GOLD),
+    "bannerLose": ("LOSER", ("#41507A", "#243056", "#151C36"), "#E4E8F0", "#9AA6C0"),
+    "bannerTie": ("TIE", ("#3E6E52", "#1F4A34", "#10291C"), GOLD_LIGHT, GOLD),
 }
 
 
 def banner(name):
-    """431 x 83: a lacquered scroll with rolled ends and the result in capitals; each reads
-    on its own, as one stands over each player's hand."""
+    """431 x 83: a lacquered scroll with rolled ends and the result in capitals."""
     text, (light, main, dark), ink_light, ink = BANNERS[name]
     doc = Doc(431, 83)
     cloth = doc.linear([(0, light), (0.45, main), (1, dark)])
