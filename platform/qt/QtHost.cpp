@@ -64,6 +64,17 @@ void QtHost::waitUntil(const std::function<bool()>& done) {
     while (!done() && !ending_) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
+// Queued behind the events already waiting, and run through dispatch like any input.
+void QtHost::post(std::function<void()> call) {
+    if (ending_) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, call = std::move(call)] {
+            if (!ending_) dispatch(call);
+        },
+        Qt::QueuedConnection);
+}
+
 MsgResult QtHost::msgBox(const MsgBox& box) {
     if (ending_) return MsgResult::Cancel;
     if (onModelChanged) onModelChanged();

@@ -41,6 +41,7 @@ public:
     void timerRemoved(Timer& timer) override;
     void doEvents() override;
     void waitUntil(const std::function<bool()>& done) override;
+    void post(std::function<void()> call) override;
     MsgResult msgBox(const MsgBox& box) override;
     void showModal(Form& form) override;
     void refresh() override;
