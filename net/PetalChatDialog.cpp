@@ -145,6 +145,7 @@ bool PetalChatDialog::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Paint:
             if (watched == picture_) {
                 QPainter painter(picture_);
+                painter.fillRect(picture_->rect(), QColor(0x3A, 0x24, 0x14));  // behind the picture's rounded corners
                 painter.drawPixmap(picture_->rect(),
                                    pictures_.pixmap(form_.Picture1.Picture, picture_->size(), devicePixelRatioF()));
                 return true;
