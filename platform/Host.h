@@ -36,6 +36,10 @@ public:
     virtual void doEvents() = 0;
     // Run events, sleeping between them, until done() holds or the program ends.
     virtual void waitUntil(const std::function<bool()>& done) = 0;
+    // Runs call soon, as a handler of its own, once the running handler has returned to the
+    // loop that called it (or a nested loop has let events run). Nothing runs once the program
+    // ends.
+    virtual void post(std::function<void()> call) = 0;
 
     virtual MsgResult msgBox(const MsgBox& box) = 0;
     // Shows a form modally; returns once the form has unloaded.

@@ -2,6 +2,8 @@
 
 #include "net/ConnectionStatusDialog.h"
 #include "net/FrmConnectionStatus.h"
+#include "net/FrmPetalChat.h"
+#include "net/PetalChatDialog.h"
 #include "records/FrmHOF.h"
 #include "records/FrmHOFWinner.h"
 #include "records/HofDialog.h"
@@ -28,6 +30,9 @@ void registerFormDialogs(QtHost& host, PictureStore& pictures) {
     });
     host.registerDialog("frmConnectionStatus", [&host, &pictures](Form& form, QWidget* parent) {
         return new ConnectionStatusDialog(static_cast<FrmConnectionStatus&>(form), host, pictures, parent);
+    });
+    host.registerDialog("frmPetalChat", [&host, &pictures](Form& form, QWidget* parent) {
+        return new PetalChatDialog(static_cast<FrmPetalChat&>(form), host, pictures, parent);
     });
     host.registerDialog("frmSetup", [&host, &pictures](Form& form, QWidget* parent) {
         return new SetupDialog(static_cast<FrmSetup&>(form), host, pictures, parent);

@@ -28,7 +28,9 @@ FrmMain::FrmMain(Host& host_, Globals& g_, HallOfFame& hof_)
       computer(*this),
       remote(*this),
       net(*this),
-      connection(*this) {
+      connection(*this),
+      chat(*this) {
+    net.chatReceived = [this](const std::string& line) { chat.receive(line); };
     tcpMultiPlayer->ConnectionRequest = [this](long id) { connection.tcpMultiPlayer_ConnectionRequest(id); };
     tcpMultiPlayer->DataArrival = [this](long bytes) { net.tcpMultiPlayer_DataArrival(bytes); };
     tcpMultiPlayer->SendComplete = [this] { net.tcpMultiPlayer_SendComplete(); };

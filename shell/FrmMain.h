@@ -11,6 +11,7 @@
 #include "engine/HandPlay.h"
 #include "engine/Rnd.h"
 #include "engine/table_view/TableModel.h"
+#include "net/Chat.h"
 #include "net/Connection.h"
 #include "net/RemoteReplay.h"
 #include "net/WireProtocol.h"
@@ -68,6 +69,7 @@ public:
     RemoteReplay remote;
     WireProtocol net;
     Connection connection;
+    Chat chat;
 
     // The forms of these kinds on screen, if any: others unload them.
     FrmConnectionStatus* connectionStatus = nullptr;
@@ -83,6 +85,7 @@ public:
     void Unload();
 
     void mnuExit_Click() { Unload(); }
+    void mnuVChat_Click() { chat.show(); }
     void mnuVScore_Click();
     void mnuSetup_Click();
     void mnuVHallofFame_Click();

@@ -44,6 +44,7 @@ void MainWindow::runMenu(const MenuItem& item) {
     MenuModel& menu = game_.menu;
     host_.dispatch([this, &item, &menu] {
         if (&item == &menu.mnuExit) game_.mnuExit_Click();
+        else if (&item == &menu.mnuVChat) game_.mnuVChat_Click();
         else if (&item == &menu.mnuVScore) game_.mnuVScore_Click();
         else if (&item == &menu.mnuSetup) game_.mnuSetup_Click();
         else if (&item == &menu.mnuVHallofFame) game_.mnuVHallofFame_Click();

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QRadioButton>
@@ -141,6 +142,44 @@ TEST_F(DialogView, SetupFiltersTheRoundsAndStoresTheChoice) {
     EXPECT_EQ(program.g.gGameType, 1);
     EXPECT_EQ(program.g.gRounds, 7);
     EXPECT_TRUE(program.frmMain.menu.mnuVScore.Enabled);
+}
+
+// A line from the other player opens the chat by itself once its handler has returned; Enter
+// and Escape in the text box reach the form. Alone, the sent line goes nowhere.
+TEST_F(DialogView, AChatLineOpensTheFormWhichForwardsEnterAndEscape) {
+    bool closed = false;
+    whenShown("chat.png", [&](QWidget* dialog) {
+        struct CloseAnyway {  // a failed check must not leave the test waiting on the form
+            QWidget* dialog;
+            bool& closed;
+            ~CloseAnyway() {
+                if (dialog->isVisible()) button(dialog, "Close")->click();
+                closed = true;
+            }
+        } guard{dialog, closed};
+        EXPECT_EQ(dialog->windowTitle(), "Petalgarden Chat");
+        auto* list = dialog->findChild<QListWidget*>("lstChat");
+        auto* text = dialog->findChild<QLineEdit*>("txtMsg");
+        ASSERT_EQ(list->count(), 1);
+        EXPECT_EQ(list->item(0)->text(), ">>>hello, there");
+        EXPECT_FALSE(button(dialog, "Send")->isEnabled());
+        QTest::keyClicks(text, "hi, you");
+        EXPECT_TRUE(button(dialog, "Send")->isEnabled());
+        QTest::keyClick(text, Qt::Key_Return);
+        ASSERT_EQ(list->count(), 2);
+        EXPECT_EQ(list->item(1)->text(), "hi, you");
+        EXPECT_EQ(text->text(), "");
+        QTest::keyClicks(text, "x");
+        QTest::keyClick(text, Qt::Key_Escape);
+        EXPECT_EQ(text->text(), "");
+        EXPECT_TRUE(dialog->isVisible()) << "the first Escape only clears";
+        QTest::keyClick(text, Qt::Key_Escape);
+        EXPECT_FALSE(dialog->isVisible());
+    });
+    host.dispatch([this] { program.frmMain.chat.receive("hello, there"); });
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "not inside the receiving handler";
+    host.waitUntil([&] { return closed && !QApplication::activeModalWidget(); });
+    EXPECT_EQ(program.frmMain.chat.form(), nullptr);
 }
 
 }  // namespace

@@ -4,6 +4,9 @@
 #include <sys/resource.h>
 
 #include <QApplication>
+#include <string>
+#include <vector>
+
 #include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
@@ -51,6 +54,22 @@ TEST(QtHost, ATickNeverStartsInsideItsOwnPreviousTick) {
     busy.setEnabled(true);
     host.waitUntil([&] { return ticks >= 3; });
     EXPECT_EQ(deepest, 1);
+}
+
+// A posted call waits until the handler that posted it has returned, then runs as a handler
+// of its own, after which the views catch up.
+TEST(QtHost, APostedCallRunsAfterThePostingHandler) {
+    QtHost host("/tmp");
+    std::vector<std::string> log;
+    bool redrawnAfter = false;
+    host.onModelChanged = [&] { redrawnAfter = !log.empty() && log.back() == "posted"; };
+    host.dispatch([&] {
+        host.post([&] { log.push_back("posted"); });
+        log.push_back("handler ends");
+    });
+    EXPECT_EQ(log, std::vector<std::string>{"handler ends"});
+    host.waitUntil([&] { return redrawnAfter; });
+    EXPECT_EQ(log, (std::vector<std::string>{"handler ends", "posted"}));
 }
 
 // The game pumps ten thousand passes after "Do you want to play again?": passes must not

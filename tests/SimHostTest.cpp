@@ -46,6 +46,18 @@ TEST(SimHost, NoTickStartsWhileThePreviousTickRuns) {
     EXPECT_EQ(host.now(), 2000);
 }
 
+TEST(SimHost, APostedCallRunsNextWithoutTimePassing) {
+    SimHost host("/tmp");
+    std::vector<std::string> log;
+    Timer later(host, [&] { log.push_back("timer@" + std::to_string(host.now())); }, 100);
+    later.setEnabled(true);
+    host.advance(50);
+    host.post([&] { log.push_back("posted@" + std::to_string(host.now())); });
+    EXPECT_TRUE(log.empty()) << "not on the caller's stack";
+    host.advance(50);
+    EXPECT_EQ(log, (std::vector<std::string>{"posted@50", "timer@100"}));
+}
+
 TEST(SimHost, AWaitWithNothingScheduledIsAFailure) {
     SimHost host("/tmp");
     EXPECT_THROW(host.waitUntil([] { return false; }), UnexpectedPrompt);

@@ -3,6 +3,7 @@
 // Tag, picture identifier, tool tip, caption, z-order. The Qt view only draws these.
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "assets/Pictures.h"
 
@@ -57,6 +58,18 @@ struct PictureBox : Control {
 
 struct Button : Control {
     std::string Caption;
+};
+
+struct ListBox : Control {
+    std::vector<std::string> List;
+    int ListIndex = -1;  // the selected line, -1 for none
+    int TopIndex = 0;    // the line asked to stand at the top; the view scrolls as far as it can
+    int ListCount() const { return static_cast<int>(List.size()); }
+    void AddItem(std::string item) { List.push_back(std::move(item)); }
+};
+
+struct TextBox : Control {
+    std::string Text;
 };
 
 }  // namespace petal

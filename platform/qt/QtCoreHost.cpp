@@ -57,6 +57,17 @@ void QtCoreHost::waitUntil(const std::function<bool()>& done) {
     while (!done() && !ending_) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
+// Queued behind the events already waiting, and run through dispatch like any input.
+void QtCoreHost::post(std::function<void()> call) {
+    if (ending_) return;
+    QMetaObject::invokeMethod(
+        this,
+        [this, call = std::move(call)] {
+            if (!ending_) dispatch(call);
+        },
+        Qt::QueuedConnection);
+}
+
 std::string QtCoreHost::timeText() { return QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toStdString(); }
 
 std::string QtCoreHost::dateText() { return QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")).toStdString(); }

@@ -31,6 +31,7 @@ public:
     void timerRemoved(Timer& timer) override;
     void doEvents() override;
     void waitUntil(const std::function<bool()>& done) override;
+    void post(std::function<void()> call) override;
     std::string timeText() override;
     std::string dateText() override;
     std::filesystem::path programFolder() override;

@@ -58,6 +58,8 @@ public:
     void timerRemoved(Timer& timer) override;
     void doEvents() override;
     void waitUntil(const std::function<bool()>& done) override;
+    // A call due now: it runs as the next event of this program.
+    void post(std::function<void()> call) override { schedule(now(), std::move(call)); }
     MsgResult msgBox(const MsgBox& box) override;
     void showModal(Form& form) override;
     void refresh() override { ++refreshes_; }
