@@ -1,5 +1,6 @@
 #include "net/FrmPetalChat.h"
 
+#include "net/MessageFramer.h"
 #include "shell/FrmMain.h"
 
 namespace petal {
@@ -61,7 +62,7 @@ void FrmPetalChat::cmdSend_Click() {
     } reset{sending_};
     lstChat.AddItem(txtMsg.Text);
     if (lstChat.ListCount() >= 15) scrollFrom(lstChat.ListCount());
-    f_.sendToPeer("CHAT," + txtMsg.Text);
+    f_.sendToPeer("CHAT," + chatText(txtMsg.Text));
     setText("");
     ActiveControl = Focus::txtMsg;
     cmdSend.Enabled = false;

@@ -125,6 +125,19 @@ std::string quote(std::string_view bytes) {
 
 }  // namespace
 
+std::string chatText(std::string_view line) {
+    std::string out;
+    for (std::size_t i = 0; i < line.size(); ++i) {
+        out += line[i];
+        const std::string_view rest = line.substr(i + 1);
+        for (std::string_view tag : kTags)
+            if (i + 1 >= tag.size() && line.substr(i + 1 - tag.size(), tag.size()) == tag && !rest.empty() &&
+                rest.front() == ',')
+                out += ' ';
+    }
+    return out;
+}
+
 std::vector<std::string> splitFields(std::string_view text) {
     std::vector<std::string> fields;
     std::size_t start = 0;

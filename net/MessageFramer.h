@@ -40,6 +40,11 @@ private:
     std::string problem_;
 };
 
+// A chat line as it goes on the wire. A line has no end of its own, so a tag word followed by
+// a comma inside it ("CARD,0,-1") would read as a message that follows it: such a word goes
+// with a space before its comma, and the line arrives as one.
+std::string chatText(std::string_view line);
+
 // The fields of a message text, split at every comma.
 std::vector<std::string> splitFields(std::string_view text);
 

@@ -57,6 +57,20 @@ TEST(MessageFramer, EverySplitOfAStreamGivesTheSameMessages) {
         EXPECT_EQ(frame({stream.substr(0, cut), stream.substr(cut)}), whole) << "cut at " << cut;
 }
 
+TEST(MessageFramer, AChatLineThatHoldsMessagesOfTheGameArrivesAsOneLine) {
+    for (const std::string line : {"try CARD,0,-1", "see CHAT,x", "DEAL,12:00:00,1", "NEWG,0 and SEUP,1,2,3"}) {
+        const std::string sent = "CHAT," + chatText(line);
+        for (const auto& pieces : {std::vector<std::string>{sent}, std::vector<std::string>{sent, "NEWG,0"}}) {
+            const auto messages = frame(pieces);
+            ASSERT_FALSE(messages.empty()) << line;
+            EXPECT_EQ(messages[0], sent) << line;
+            EXPECT_EQ(messages.size(), pieces.size()) << line;
+        }
+    }
+    EXPECT_EQ(chatText("plain, words"), "plain, words") << "other lines go as typed";
+    EXPECT_EQ(chatText("try CARD,0"), "try CARD ,0");
+}
+
 TEST(MessageFramer, FindsWhatIsNoMessage) {
     const std::vector<std::vector<std::string>> faults = {
         {"HELLO"}, {"CARD,x,1"}, {"CARD,3,,"}, {"NEWG,2"}, {"DEAL,12:00:00,7"}, {"CARD,123456,1"}, {"QUITX"},
