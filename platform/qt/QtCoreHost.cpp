@@ -20,7 +20,9 @@ QtCoreHost::~QtCoreHost() {
 }
 
 void QtCoreHost::dispatch(const std::function<void()>& handler) {
+    ++handling_;
     runHandler(*this, handler);
+    --handling_;
     modelChanged();
 }
 

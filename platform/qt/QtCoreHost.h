@@ -24,6 +24,8 @@ public:
 
     // Runs a core entry point from an event, then lets whatever shows the model catch up.
     void dispatch(const std::function<void()>& handler);
+    // A handler of the game is running (events that it lets run come in beneath it).
+    bool handling() const { return handling_ > 0; }
     // Timers run this many times faster than the game sets them (headless play; 1 in the program).
     void setSpeed(double speed) { speed_ = speed > 0 ? speed : 1; }
 
@@ -58,6 +60,7 @@ private:
     std::optional<ProgramFolders> folders_;
     double speed_ = 1;
     int status_ = 0;
+    int handling_ = 0;
     bool ending_ = false;
 };
 

@@ -26,6 +26,7 @@ std::string jsonString(const std::string& text) {
 }
 
 void Tracer::dealt() {
+    ++events;
     if (log) {
         Record r;
         r.kind = Record::Kind::Deal;
@@ -43,6 +44,7 @@ void Tracer::dealt() {
 }
 
 void Tracer::moved(int side, bool fromDeck, int pos, int took, int slot) {
+    ++events;
     if (log) {
         Record r;
         r.kind = Record::Kind::Move;
@@ -60,6 +62,7 @@ void Tracer::moved(int side, bool fromDeck, int pos, int took, int slot) {
 }
 
 void Tracer::claimed(int side, int pos, int slot) {
+    ++events;
     if (log) {
         Record r;
         r.kind = Record::Kind::Claim;
@@ -72,6 +75,7 @@ void Tracer::claimed(int side, int pos, int slot) {
 }
 
 void Tracer::dealEnded() {
+    ++events;
     ++ended;
     const int p = static_cast<int>(Val(f_.ctl.panel[0].lblPointsTotal[3].Caption));
     const int c = static_cast<int>(Val(f_.ctl.panel[1].lblPointsTotal[3].Caption));

@@ -37,6 +37,7 @@ public:
     Tracer(FrmMain& f, std::ostream* out) : f_(f), out_(out) {}
 
     int ended = 0;
+    int events = 0;  // every deal, move, claim and end so far
     // The mirror's queue of this side's records, if any.
     std::deque<Record>* log = nullptr;
 

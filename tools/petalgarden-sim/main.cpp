@@ -5,12 +5,14 @@
 //   petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
 //                       [--faults K] [--trace]
 #include <cstdint>
+#include <cstdlib>
 #include <cstring>
 #include <iostream>
 #include <string>
 #include <vector>
 
 #include "NetPlay.h"
+#include "TcpPlay.h"
 #include "SimPlay.h"
 #include "TempFolder.h"
 #include "cards/Val.h"
@@ -25,7 +27,11 @@ int usage() {
                  "       petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off]\n"
                  "                            [--policy first|random:K] [--start HH:MM:SS] [--trace]\n"
                  "       petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off]\n"
-                 "                           [--policy first|random:K] [--faults K] [--trace]\n";
+                 "                           [--policy first|random:K] [--faults K] [--trace]\n"
+                 "       petalgarden-sim host [--port P] [--deals N] [--tournament R] [--yaku on|off]\n"
+                 "                            [--policy first|random:K] [--speed X] [--trace]\n"
+                 "       petalgarden-sim join ADDRESS [--port P] [--deals N] [--policy first|random:K]\n"
+                 "                            [--speed X] [--trace]\n";
     return 2;
 }
 
@@ -122,6 +128,37 @@ int net(const std::vector<std::string>& args) {
     return petal::sim::net(o, std::cout, std::cerr);
 }
 
+// One side over real TCP. The client takes the host's options, so it has none of its own.
+int tcp(bool host, const std::vector<std::string>& args) {
+    petal::sim::TcpOptions o;
+    o.host = host;
+    std::size_t i = 0;
+    if (!host) {
+        if (args.empty() || args[0].rfind("--", 0) == 0) return usage();
+        o.address = args[i++];
+    }
+    for (; i < args.size(); ++i) {
+        const bool hasValue = i + 1 < args.size();
+        int rounds = 0;
+        bool yaku = true;
+        if (host && commonOption(args, i, o.deals, o.tournamentRounds, o.yaku, o.randomPolicy, o.policySeed, o.trace))
+            continue;
+        if (!host && args[i] != "--tournament" && args[i] != "--yaku" &&
+            commonOption(args, i, o.deals, rounds, yaku, o.randomPolicy, o.policySeed, o.trace))
+            continue;
+        if (args[i] == "--port" && hasValue) {
+            o.port = static_cast<int>(petal::Val(args[++i]));
+            if (o.port < 1 || o.port > 65535) return usage();
+        } else if (args[i] == "--speed" && hasValue) {
+            o.speed = std::atof(args[++i].c_str());
+            if (!(o.speed > 0)) return usage();
+        } else {
+            return usage();
+        }
+    }
+    return petal::sim::tcpPlay(o, std::cout, std::cerr);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -143,6 +180,7 @@ int main(int argc, char** argv) {
         }
         if (command == "play") return play(args);
         if (command == "net") return net(args);
+        if (command == "host" || command == "join") return tcp(command == "host", args);
     } catch (const std::exception& e) {
         std::cerr << "petalgarden-sim: " << e.what() << "\n";
         return 1;

@@ -1,0 +1,27 @@
+#pragma once
+// One side of a network game over real TCP, headless: the game's core on the program's own
+// socket code in a QCoreApplication, the local player driven by a policy.
+#include <cstdint>
+#include <iosfwd>
+#include <string>
+
+namespace petal::sim {
+
+struct TcpOptions {
+    bool host = true;     // host listens on every address; a client joins `address`
+    std::string address;  // where a client joins
+    int port = 4800;
+    int deals = 1;
+    int tournamentRounds = 0;  // host only: 0 single games
+    bool yaku = true;          // host only
+    bool randomPolicy = false;
+    std::uint64_t policySeed = 0;
+    double speed = 50;  // how many times faster than the game's timers
+    bool trace = false;
+    int idleSeconds = 60;  // nothing happening this long is a time-out
+};
+
+// Exit 0 after N deals and the designed end of the session; otherwise 1, the reason on err.
+int tcpPlay(const TcpOptions& options, std::ostream& out, std::ostream& err);
+
+}  // namespace petal::sim
