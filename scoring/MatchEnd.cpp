@@ -88,14 +88,14 @@ void MatchEnd::endSingleGame() {
     const int dealt = f_.m.dealSerial;
     const bool again = askPlayAgain();
     if (g.gPlayMode != 0) pumpAfterQuestion();
+    // A deal that came while the question stood or the events ran (from the wire, or the deck)
+    // has its own leader already.
+    if (f_.m.dealSerial == dealt) decideNextStarter();
     if (!again) {
         declineRematch();
         return;
     }
-    // A deal that came while the question stood or the events ran (from the wire, or the deck)
-    // has its own leader already.
     if (f_.m.dealSerial != dealt) return;
-    decideNextStarter();
     if (g.gPlayMode == 0) {
         f_.dealer.NewGame(false);
         f_.dealer.DealCards();
