@@ -112,6 +112,9 @@ void Connection::lossProcedure() {
         fallBack(false);
         return;
     }
+    // A connection that comes and goes before the next poll would leave the socket in the
+    // state just acted on, and the poll would see nothing: the new wait starts from closed.
+    f_.g.gConnectState = 0;
     if (f_.g.gPlayMode == 1) {
         f_.m.mTurn = 0;
         f_.setMousePointer(FrmMain::kPointerDefault);

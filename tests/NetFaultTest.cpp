@@ -6,6 +6,7 @@
 #include "SimPlay.h"
 #include "Policy.h"
 #include "net/FrmConnectionStatus.h"
+#include "platform/Socket.h"
 #include "platform/sim/SimNetwork.h"
 #include "scoring/FrmScoreCard.h"
 
@@ -148,6 +149,35 @@ TEST_F(NetFault, AClientsErrorAsksToReconnectAndAHostThatSaysYesListensAgain) {
     };
     ASSERT_TRUE(runUntil([&] { return successes() == 2; }));
     ASSERT_TRUE(runUntil([&] { return client.f().g.gRounds == host.f().g.gRounds && client.f().m.mConnected; }));
+}
+
+// A peer that comes and goes between two polls of a host that listens again is still seen.
+TEST_F(NetFault, APeerThatComesAndGoesBetweenTwoPollsIsSeen) {
+    host.answers["Remote Connection Closed"] = MsgResult::OK;
+    host.answers["Reconnect"] = MsgResult::Yes;
+    act(host, [&] { host.f().mnuSetup_Click(); });
+    TempDir dir;
+    SimHost rawHost(dir.path());
+    world.join(rawHost);
+    const auto raw = rawHost.createSocket();
+    const auto comeAndGo = [&] {
+        world.act(rawHost, [&] {
+            raw->RemoteHost = "127.0.0.1";
+            raw->RemotePort = 4800;
+            raw->Connect();
+        });
+        ASSERT_TRUE(runUntil([&] { return raw->State() == Socket::sckConnected; }));
+        world.act(rawHost, [&] { raw->Close(); });
+    };
+    const auto losses = [&] {
+        const auto titles = host.titles();
+        return std::count(titles.begin(), titles.end(), "Remote Connection Closed");
+    };
+    ASSERT_TRUE(runUntil([&] { return host.f().socketState() == Socket::sckListening; }));
+    comeAndGo();
+    ASSERT_TRUE(runUntil([&] { return losses() == 1 && host.f().socketState() == Socket::sckListening; }));
+    comeAndGo();  // at once, well inside one poll
+    EXPECT_TRUE(runUntil([&] { return losses() == 2; }, 5000));
 }
 
 TEST_F(NetFault, ARefusedConnectionIsTheClientsErrorAndYesTriesAgain) {

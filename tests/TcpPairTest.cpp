@@ -2,14 +2,6 @@
 // whole deals, and the two traces are the same events seen from the two sides.
 #include <gtest/gtest.h>
 
-#include <arpa/inet.h>
-#include <fcntl.h>
-#include <netinet/in.h>
-#include <spawn.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <chrono>
 #include <fstream>
 #include <map>
@@ -18,55 +10,10 @@
 #include <thread>
 
 #include "GameFixture.h"
-
-extern char** environ;
+#include "ToolProcess.h"
 
 namespace petal::test {
 namespace {
-
-// A port that nothing listens on just now.
-int freePort() {
-    const int fd = ::socket(AF_INET, SOCK_STREAM, 0);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    ::bind(fd, reinterpret_cast<sockaddr*>(&address), sizeof address);
-    socklen_t length = sizeof address;
-    ::getsockname(fd, reinterpret_cast<sockaddr*>(&address), &length);
-    ::close(fd);
-    return ntohs(address.sin_port);
-}
-
-// Runs the tool with its output in a file; the process id.
-pid_t start(const std::vector<std::string>& args, const std::filesystem::path& output) {
-    std::vector<std::string> all = {PETAL_SIM};
-    all.insert(all.end(), args.begin(), args.end());
-    std::vector<char*> argv;
-    for (std::string& a : all) argv.push_back(a.data());
-    argv.push_back(nullptr);
-    posix_spawn_file_actions_t files;
-    posix_spawn_file_actions_init(&files);
-    posix_spawn_file_actions_addopen(&files, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    pid_t pid = 0;
-    posix_spawn(&pid, PETAL_SIM, &files, nullptr, argv.data(), environ);
-    posix_spawn_file_actions_destroy(&files);
-    return pid;
-}
-
-// The exit status, or -1 if the process had to be killed after the limit.
-int finish(pid_t pid, std::chrono::seconds limit) {
-    const auto until = std::chrono::steady_clock::now() + limit;
-    int status = 0;
-    while (::waitpid(pid, &status, WNOHANG) == 0) {
-        if (std::chrono::steady_clock::now() > until) {
-            ::kill(pid, SIGKILL);
-            ::waitpid(pid, &status, 0);
-            return -1;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
-    }
-    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
-}
 
 std::map<std::string, std::string> fields(const std::string& line) {
     static const std::regex field(R"re("(\w+)":("[^"]*"|\[[^\]]*\]|-?[0-9.]+))re");
@@ -109,13 +56,13 @@ TEST(TcpPair, TwoPlayersOverLoopbackPlayWholeGamesThatMirror) {
         const std::string port = std::to_string(freePort());
         std::vector<std::string> hostArgs = {"host", "--port", port, "--trace"};
         hostArgs.insert(hostArgs.end(), s.hostOptions.begin(), s.hostOptions.end());
-        const pid_t host = start(hostArgs, dir.path() / "host.txt");
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
-        const pid_t client = start({"join", "127.0.0.1", "--port", port, "--deals", std::to_string(s.deals), "--trace",
+        const pid_t host = startTool(hostArgs, dir.path() / "host.txt");
+        ASSERT_TRUE(listening(std::stoi(port), std::chrono::seconds(10)));
+        const pid_t client = startTool({"join", "127.0.0.1", "--port", port, "--deals", std::to_string(s.deals), "--trace",
                                     "--policy", "random:9"},
                                    dir.path() / "client.txt");
-        EXPECT_EQ(finish(client, std::chrono::seconds(60)), 0);
-        EXPECT_EQ(finish(host, std::chrono::seconds(60)), 0);
+        EXPECT_EQ(finishTool(client, std::chrono::seconds(60)), 0);
+        EXPECT_EQ(finishTool(host, std::chrono::seconds(60)), 0);
         const auto hostEvents = events(dir.path() / "host.txt");
         const auto clientEvents = events(dir.path() / "client.txt");
         ASSERT_EQ(hostEvents.size(), clientEvents.size());

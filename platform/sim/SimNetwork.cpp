@@ -107,6 +107,12 @@ void SimNetwork::accept(SimSocket& server, long requestID) {
     server.link = it->first;
     server.inbound.clear();
     server.setState(Socket::sckConnected);
+    if (it->second.closedBeforeAccept) {
+        const int id = it->first;
+        server.post(kLatency, [id](SimSocket& s) {
+            if (s.link == id && s.State() == Socket::sckConnected) s.setState(Socket::sckClosing);
+        });
+    }
 }
 
 void SimNetwork::close(SimSocket& s) {
@@ -116,6 +122,7 @@ void SimNetwork::close(SimSocket& s) {
     Link& link = links_[id];
     const int self = link.ends[0] == s.id() ? 0 : 1;
     const int peer = 1 - self;
+    if (!link.accepted) link.closedBeforeAccept = true;
     if (!link.held[peer].empty()) flushHeld(id, peer, link.heldGeneration[peer]);
     // The peer hears of the close after what was sent before it.
     if (SimSocket* other = socket(link.ends[peer]); other && other->link == id) {

@@ -44,6 +44,7 @@ private:
         int ends[2] = {0, 0};  // socket ids: 0 the connecting end, 1 the accepting end
         bool accepted = false;
         bool reset = false;  // dropped: what is still on the way is lost
+        bool closedBeforeAccept = false;  // the connecting end left before the listener took it
         std::int64_t lastArrival[2] = {0, 0};  // by the end that receives
         std::string held[2];                   // a send held back to be merged with the next
         int heldGeneration[2] = {0, 0};

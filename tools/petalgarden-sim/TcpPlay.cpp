@@ -25,8 +25,9 @@ namespace {
 // The session and its player, answering what the game asks as play does.
 class TcpSide {
 public:
-    TcpSide(const TcpOptions& o, std::ostream& out)
-        : o_(o), host_(folder_.path()), program_(host_), tracer_(program_.frmMain, o.trace ? &out : nullptr),
+    TcpSide(const TcpOptions& o, std::ostream& out, std::ostream& err)
+        : o_(o),
+          err_(err), host_(folder_.path()), program_(host_), tracer_(program_.frmMain, o.trace ? &out : nullptr),
           policy_(o.randomPolicy, o.policySeed) {
         host_.setSpeed(o.speed);
         f().events = &tracer_;
@@ -48,12 +49,14 @@ private:
     MsgResult answer(const MsgBox& box);
     void act(Form& form);
     void start();
+    void setUp();
     void play();
     // Real time that the game's timers would take, at the run's speed.
     int scaled(int ms) const { return std::max(1, static_cast<int>(ms / o_.speed)); }
     void pause(int gameMs);
 
     const TcpOptions& o_;
+    std::ostream& err_;
     TempFolder folder_;
     HeadlessHost host_;
     Program program_;
@@ -72,10 +75,17 @@ MsgResult TcpSide::answer(const MsgBox& box) {
         pause(5000);
         return MsgResult::No;
     }
-    if (box.title == "Connection Successful" || box.title == "Reset Game") return MsgResult::OK;
+    if (box.title == "Connection Successful") return MsgResult::OK;
+    if (box.title == "Reset Game" || box.title == "Cancel Connection" || box.title == "Close Connection")
+        return MsgResult::Yes;
     const bool peerGone = box.title == "Remote Connection Closed" || box.title == "Client Connection Closed" ||
                           box.title.rfind("Winsock Error ", 0) == 0 || box.title == "Rematch Declined";
     if (peerGone && done()) return MsgResult::OK;  // the peer ended the session after the last deal
+    if (o_.stay && (peerGone || box.title == "Out of Step")) {
+        err_ << "petalgarden-sim: " << box.title << ": " << box.text << " (listening again)\n";
+        return MsgResult::OK;
+    }
+    if (o_.stay && box.text == "Do you want to try and reconnect?") return MsgResult::Yes;
     if (box.text == "Do you want to try and reconnect?") {
         if (!done()) fail("the peer was lost after " + std::to_string(deals()) + " deals");
         return MsgResult::No;
@@ -105,7 +115,10 @@ void TcpSide::act(Form& form) {
         }
         setup->cmdOK_Click();
     } else if (auto* status = dynamic_cast<FrmConnectionStatus*>(&form)) {
-        host_.waitUntil([status] { return !status->loaded(); });
+        // A wait stands until the game unloads it; a player cancels a rematch whose peer is gone.
+        const bool rematch = status->StatusCaption == "Please Wait...";
+        host_.waitUntil([&] { return !status->loaded() || (rematch && f().socketState() != Socket::sckConnected); });
+        if (status->loaded()) status->cmdCancel_Click();
     } else if (auto* card = dynamic_cast<FrmScoreCard*>(&form)) {
         card->cmdOK_Click();
     }
@@ -120,11 +133,16 @@ void TcpSide::pause(int gameMs) {
 void TcpSide::start() {
     host_.dispatch([this] {
         program_.Main();
-        Socket& socket = *f().tcpMultiPlayer;
-        if (o_.host) socket.LocalPort = o_.port;
-        else socket.RemotePort = o_.port;
-        f().mnuSetup_Click();
+        setUp();
     });
+}
+
+// Setup, as a player opens it; the session's end sets the port back, so it is set each time.
+void TcpSide::setUp() {
+    Socket& socket = *f().tcpMultiPlayer;
+    if (o_.host) socket.LocalPort = o_.port;
+    else socket.RemotePort = o_.port;
+    f().mnuSetup_Click();
 }
 
 // The host deals once connected and idle; the local player moves when on turn.
@@ -134,8 +152,13 @@ void TcpSide::play() {
     if (tracer_.events != lastEvents_) {
         lastEvents_ = tracer_.events;
         idle_.restart();
-    } else if (idle_.elapsed() > o_.idleSeconds * 1000) {
+    } else if (!o_.stay && idle_.elapsed() > o_.idleSeconds * 1000) {
         host_.dispatch([this] { fail("time-out: nothing happened for " + std::to_string(o_.idleSeconds) + " seconds"); });
+        return;
+    }
+    // A host that stays sets up again after its session ended out of step.
+    if (o_.stay && o_.host && game.g.gPlayMode == 0) {
+        host_.dispatch([this] { setUp(); });
         return;
     }
     if (o_.host && game.g.gPlayMode == 1 && game.g.gGameInProgress == 0 && game.g.gConnectState == Socket::sckConnected &&
@@ -169,7 +192,7 @@ int tcpPlay(const TcpOptions& options, std::ostream& out, std::ostream& err) {
     const auto started = std::chrono::steady_clock::now();
     int code = 1, deals = 0;
     {
-        TcpSide side(options, out);
+        TcpSide side(options, out, err);
         code = side.run();
         deals = side.deals();
         if (code != 0) err << "petalgarden-sim: " << side.failure() << "\n";

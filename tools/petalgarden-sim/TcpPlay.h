@@ -19,6 +19,9 @@ struct TcpOptions {
     double speed = 50;  // how many times faster than the game's timers
     bool trace = false;
     int idleSeconds = 60;  // nothing happening this long is a time-out
+    // Host only: a lost or faulty peer ends nothing; the host listens again for the next one,
+    // until N deals have ended. Each such end is told on err.
+    bool stay = false;
 };
 
 // Exit 0 after N deals and the designed end of the session; otherwise 1, the reason on err.

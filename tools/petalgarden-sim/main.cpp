@@ -29,7 +29,7 @@ int usage() {
                  "       petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off]\n"
                  "                           [--policy first|random:K] [--faults K] [--trace]\n"
                  "       petalgarden-sim host [--port P] [--deals N] [--tournament R] [--yaku on|off]\n"
-                 "                            [--policy first|random:K] [--speed X] [--trace]\n"
+                 "                            [--policy first|random:K] [--speed X] [--stay] [--trace]\n"
                  "       petalgarden-sim join ADDRESS [--port P] [--deals N] [--policy first|random:K]\n"
                  "                            [--speed X] [--trace]\n";
     return 2;
@@ -149,6 +149,8 @@ int tcp(bool host, const std::vector<std::string>& args) {
         if (args[i] == "--port" && hasValue) {
             o.port = static_cast<int>(petal::Val(args[++i]));
             if (o.port < 1 || o.port > 65535) return usage();
+        } else if (host && args[i] == "--stay") {
+            o.stay = true;
         } else if (args[i] == "--speed" && hasValue) {
             o.speed = std::atof(args[++i].c_str());
             if (!(o.speed > 0)) return usage();
