@@ -1,12 +1,16 @@
 #include "engine/table_view/TableView.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <optional>
 
 #include "assets/PictureStore.h"
+#include "engine/table_view/TablePainter.h"
 #include "shell/FrmMain.h"
 #include "platform/qt/QtHost.h"
 
@@ -15,43 +19,68 @@ namespace petal {
 namespace {
 
 constexpr qreal kTwipsPerPixel = 15.0;
+// How long the size must rest before the pictures are rendered for it.
+constexpr int kSettleMs = 150;
+
+QSizeF designSize() { return QSizeF(TableModel::kClientWidth / kTwipsPerPixel, TableModel::kClientHeight / kTwipsPerPixel); }
 
 QRectF pixels(const Control& c, QPointF origin) {
     return QRectF(origin.x() + c.Left / kTwipsPerPixel, origin.y() + c.Top / kTwipsPerPixel,
                   c.Width / kTwipsPerPixel, c.Height / kTwipsPerPixel);
 }
 
-QColor fromBgr(std::uint32_t bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
-
-// The nearest fonts that Debian ships for the classic names.
-QFont fontFor(const FontSpec& style) {
-    QFont font(style.family == "Times New Roman" ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"));
-    font.setPointSizeF(style.points);
-    font.setBold(style.bold);
-    return font;
-}
-
 void sortByZ(std::vector<TableView::Item>& list) {
     std::stable_sort(list.begin(), list.end(), [](const auto& a, const auto& b) { return a.control->ZOrder < b.control->ZOrder; });
+}
+
+using Place = TableFocus::Place;
+using Where = TableFocus::Kind;
+
+// The place of the keys that a clicked control stands for, if any.
+std::optional<Place> placeOf(TableView::Target target, int index) {
+    switch (target) {
+        case TableView::Target::Table: return Place{Where::TableTop, 0};
+        case TableView::Target::TCard: return Place{Where::Table, index};
+        case TableView::Target::Deck: return Place{Where::Deck, 0};
+        case TableView::Target::PCard: return Place{Where::Hand, index};
+        case TableView::Target::PYaku: return Place{Where::Yaku, index};
+        default: return std::nullopt;
+    }
+}
+
+TableView::Target targetOf(Where kind) {
+    switch (kind) {
+        case Where::TableTop: return TableView::Target::Table;
+        case Where::Table: return TableView::Target::TCard;
+        case Where::Deck: return TableView::Target::Deck;
+        case Where::Hand: return TableView::Target::PCard;
+        case Where::Yaku: return TableView::Target::PYaku;
+    }
+    return TableView::Target::None;
 }
 
 }  // namespace
 
 TableView::TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidget* parent)
-    : QWidget(parent), game_(game), host_(host), pictures_(pictures) {
+    : QWidget(parent), game_(game), host_(host), pictures_(pictures), focus_(game.ctl) {
     setMouseTracking(true);
-    setFixedSize(sizeHint());
+    setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    settle_.setSingleShot(true);
+    settle_.setInterval(kSettleMs);
+    connect(&settle_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
 }
 
-QSize TableView::sizeHint() const {
-    return QSize(qRound(TableModel::kClientWidth / kTwipsPerPixel), qRound(TableModel::kClientHeight / kTwipsPerPixel));
-}
+QSize TableView::sizeHint() const { return designSize().toSize(); }
+
+QSize TableView::minimumSizeHint() const { return (designSize() / 2).toSize(); }
+
+TableScale TableView::scale() const { return TableScale(size(), designSize(), devicePixelRatioF()); }
 
 QRect TableView::tableArea() const {
     constexpr int kGap = 8;  // keeps a box's frame off the panels' rim
-    const int width = qRound(TableModel::kPanelLeft / kTwipsPerPixel) - kGap;
-    return QRect(mapToGlobal(QPoint(0, 0)), QSize(width, height()));
+    const QRectF area = scale().map(QRectF(0, 0, TableModel::kPanelLeft / kTwipsPerPixel, designSize().height()));
+    return QRect(mapToGlobal(area.topLeft().toPoint()), QSize(qRound(area.width()) - kGap, qRound(area.height())));
 }
 
 std::vector<TableView::Item> TableView::items() const {
@@ -105,74 +134,21 @@ std::vector<TableView::Item> TableView::items() const {
 void TableView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal dpr = devicePixelRatioF();
+    // The ratio of the device painted on: the screen's, or that of an image the view renders into.
+    const qreal dpr = painter.paintEngine()->paintDevice()->devicePixelRatioF();
+    const TableScale scale(size(), designSize(), dpr);
     painter.fillRect(rect(), QColor(12, 40, 30));
-    if (game_.ctl.Picture != NoPicture) painter.drawPixmap(QPointF(0, 0), pictures_.pixmap(game_.ctl.Picture, dpr));
-    paintItems(painter, items(), QPointF(0, 0));
+    TablePainter table(painter, pictures_, scale, !settled());
+    table.paintBackground(game_.ctl.Picture, size());
+    table.paintItems(items(), QPointF(0, 0));
+    if (focusShown_) table.paintFocusMark(focus_.control(focus_.place()));
 }
 
-void TableView::paintItems(QPainter& painter, const std::vector<Item>& list, QPointF origin) {
-    for (const Item& item : list) {
-        if (!item.control->Visible) continue;
-        paintItem(painter, item, origin);
-        if (item.children.empty()) continue;
-        const QRectF area = pixels(*item.control, origin);
-        painter.save();
-        painter.setClipRect(area);
-        paintItems(painter, item.children, area.topLeft());
-        painter.restore();
-    }
-}
-
-void TableView::paintItem(QPainter& painter, const Item& item, QPointF origin) {
-    const QRectF area = pixels(*item.control, origin);
-    const qreal dpr = devicePixelRatioF();
-    switch (item.kind) {
-        case Kind::Image: {
-            const auto& image = static_cast<const Image&>(*item.control);
-            if (image.hasPicture()) painter.drawPixmap(area.topLeft(), pictures_.pixmap(image.Picture, area.size().toSize(), dpr));
-            break;
-        }
-        case Kind::Box: {
-            const auto& box = static_cast<const PictureBox&>(*item.control);
-            if (box.Picture != NoPicture)
-                painter.drawPixmap(area.topLeft(), pictures_.pixmap(box.Picture, area.size().toSize(), dpr));
-            else {
-                // The yaku panel has no picture: a lacquer plate with a gold rim, like the others.
-                painter.setPen(QPen(QColor(196, 160, 84), 1.5));
-                painter.setBrush(QColor(34, 24, 22, 240));
-                painter.drawRoundedRect(area.adjusted(0.75, 0.75, -0.75, -0.75), 4, 4);
-            }
-            break;
-        }
-        case Kind::Shape: {
-            const auto& shape = static_cast<const Shape&>(*item.control);
-            const qreal w = shape.BorderWidth;
-            painter.setPen(QPen(fromBgr(shape.BorderColor), w, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-            painter.setBrush(Qt::NoBrush);
-            painter.drawRect(area.adjusted(w / 2, w / 2, -w / 2, -w / 2));
-            break;
-        }
-        case Kind::Label: {
-            const auto& label = static_cast<const Label&>(*item.control);
-            painter.setPen(fromBgr(label.ForeColor));
-            painter.setFont(fontFor(label.font));
-            const Qt::Alignment align = label.alignment == Alignment::Center ? Qt::AlignHCenter
-                                        : label.alignment == Alignment::Right ? Qt::AlignRight
-                                                                              : Qt::AlignLeft;
-            painter.drawText(area, align | Qt::AlignVCenter, QString::fromStdString(label.Caption));
-            break;
-        }
-        case Kind::Button: {
-            const auto& button = static_cast<const Button&>(*item.control);
-            painter.setPen(QColor(238, 216, 140));
-            painter.setBrush(QColor(90, 24, 30));
-            painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-            painter.setFont(fontFor({"MS Sans Serif", 8, true}));
-            painter.drawText(area, Qt::AlignCenter, QString::fromStdString(button.Caption));
-            break;
-        }
-    }
+// While the size changes, each frame shows the pictures last rendered, stretched; once it
+// rests, they are rendered for it. A drag through many sizes renders only where it stops.
+void TableView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (isVisible()) settle_.start();
 }
 
 const TableView::Item* TableView::hitTest(QPointF point, const std::vector<Item>& all, QPointF* origin) const {
@@ -192,42 +168,99 @@ const TableView::Item* TableView::hitTest(QPointF point, const std::vector<Item>
     return nullptr;
 }
 
+const TableView::Item* TableView::itemAt(QPointF viewPoint, const std::vector<Item>& all) const {
+    return hitTest(scale().toDesign(viewPoint), all);
+}
+
 void TableView::mousePressEvent(QMouseEvent* event) {
     const auto all = items();
-    const Item* item = hitTest(event->position(), all);
+    const Item* item = itemAt(event->position(), all);
     pressed_ = item ? item->target : Target::None;
     pressedIndex_ = item ? item->index : -1;
 }
 
 void TableView::mouseReleaseEvent(QMouseEvent* event) {
     const auto all = items();
-    const Item* item = hitTest(event->position(), all);
-    if (item && item->target == pressed_ && item->index == pressedIndex_ && event->button() == Qt::LeftButton) {
-        const Item copy{item->control, item->kind, item->target, item->index, {}};
-        click(copy);
-    }
+    const Item* item = itemAt(event->position(), all);
+    const bool clicked = item && item->target == pressed_ && item->index == pressedIndex_ && event->button() == Qt::LeftButton;
     pressed_ = Target::None;
+    if (!clicked) return;
+    // The keys go on from where the mouse acted; the mark waits for them.
+    focusShown_ = false;
+    const Target target = item->target;
+    const int index = item->index;
+    if (const auto place = placeOf(target, index)) focus_.choose(*place);
+    act(target, index);
 }
 
-void TableView::click(const Item& item) {
-    const int i = item.index;
-    host_.dispatch([this, &item, i] {
-        switch (item.target) {
-            case Target::PCard: game_.play.imgPCard_Click(i); break;
-            case Target::TCard: game_.play.imgTCard_Click(i); break;
+void TableView::act(Target target, int index) {
+    host_.dispatch([this, target, index] {
+        switch (target) {
+            case Target::PCard: game_.play.imgPCard_Click(index); break;
+            case Target::TCard: game_.play.imgTCard_Click(index); break;
             case Target::Table: game_.play.imgTable_Click(); break;
             case Target::Deck: game_.dealer.imgDeck_Click(); break;
-            case Target::PYaku: game_.yaku.imgPYaku_Click(i); break;
+            case Target::PYaku: game_.yaku.imgPYaku_Click(index); break;
             case Target::YakuClose: game_.yaku.cmdYakuClose_Click(); break;
             default: break;
         }
     });
+    focus_.follow();
     update();
+}
+
+// The arrows, Home and End move the mark; Enter and Space use the place under it; 1 to 8 are
+// the hand's cards; Escape closes the yaku panel. A first key shows the mark and, unless it
+// names its own place, does nothing else, so that nothing is used unseen.
+void TableView::keyPressEvent(QKeyEvent* event) {
+    if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier || !(moveKey(event->key()) || useKey(event->key()))) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    if (event->isAutoRepeat() && !moveKey(event->key())) return;  // a held Enter plays one card
+    const bool shown = focusShown_;
+    focusShown_ = true;
+    const int key = event->key();
+    if (key >= Qt::Key_1 && key <= Qt::Key_8) {
+        const int slot = key - Qt::Key_1;
+        // As a click there: only a card place that shows and takes the mouse.
+        if (game_.ctl.imgPCard[slot].Visible && game_.ctl.imgPCard[slot].Enabled) {
+            focus_.choose({Where::Hand, slot});
+            act(Target::PCard, slot);
+        }
+        update();
+    } else if (key == Qt::Key_Escape) {
+        act(Target::YakuClose, 0);
+    } else if (!shown) {
+        update();
+    } else if (useKey(key)) {
+        const Place place = focus_.place();
+        focus_.choose(place);
+        act(targetOf(place.kind), place.index);
+    } else {
+        using Move = TableFocus::Move;
+        const Move move = key == Qt::Key_Left ? Move::Left : key == Qt::Key_Right ? Move::Right
+                        : key == Qt::Key_Up   ? Move::Up   : key == Qt::Key_Down  ? Move::Down
+                        : key == Qt::Key_Home ? Move::First : Move::Last;
+        focus_.move(move);
+        update();
+    }
+}
+
+bool TableView::moveKey(int key) const {
+    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home ||
+           key == Qt::Key_End;
+}
+
+// Escape counts only while the yaku panel stands, so that elsewhere it goes where it went before.
+bool TableView::useKey(int key) const {
+    if (key == Qt::Key_Escape) return game_.ctl.picYakuShow.Visible && game_.ctl.cmdYakuClose.Visible && game_.ctl.cmdYakuClose.Enabled;
+    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || (key >= Qt::Key_1 && key <= Qt::Key_8);
 }
 
 void TableView::mouseMoveEvent(QMouseEvent* event) {
     const auto all = items();
-    mouseMoved(hitTest(event->position(), all));
+    mouseMoved(itemAt(event->position(), all));
 }
 
 void TableView::mouseMoved(const Item* item) {
@@ -254,7 +287,7 @@ bool TableView::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
     auto* help = static_cast<QHelpEvent*>(event);
     const auto all = items();
-    const Item* item = hitTest(help->pos(), all);
+    const Item* item = itemAt(help->pos(), all);
     QString tip;
     if (item && item->target == Target::Deck) tip = QString::fromStdString(game_.dealer.deckToolTip());
     else if (item && item->kind == Kind::Image) tip = QString::fromStdString(static_cast<const Image*>(item->control)->ToolTipText);
