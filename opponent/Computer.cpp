@@ -108,11 +108,11 @@ void Computer::CompSelectCard() {
     // Pass 1: the most valuable capture, the lowest slot among equals.
     for (int i = 0; i < 8; ++i) {
         if (!c.imgCCard[i].hasPicture()) continue;
-        const int card = Val(c.imgCCard[i].Tag);
+        const int card = c.imgCCard[i].Tag.value();
         const int t = f_.play.RelativeCheck(card, false);
         if (t <= -1) continue;
         matched = true;
-        const int value = m.mCards.at(card).Points + m.mCards.at(Val(c.imgTCard.at(t).Tag)).Points;
+        const int value = m.mCards.at(card).Points + m.mCards.at(c.imgTCard.at(t).Tag.value()).Points;
         if (bestValue < value) {
             bestValue = value;
             bestSlot = i;
@@ -127,7 +127,7 @@ void Computer::CompSelectCard() {
     bestValue = 20;
     for (int i = 0; i < 8; ++i) {
         if (!c.imgCCard[i].hasPicture()) continue;
-        const int points = m.mCards.at(Val(c.imgCCard[i].Tag)).Points;
+        const int points = m.mCards.at(c.imgCCard[i].Tag.value()).Points;
         if (points <= bestValue) {
             bestValue = points;
             bestSlot = i;
@@ -140,7 +140,7 @@ void Computer::commitSelection(int slot, bool highlight) {
     MainVars& m = f_.m;
     Image& card = f_.ctl.imgCCard.at(slot);
     m.mCompCard = slot;
-    m.mCompDeckPos = Val(card.Tag);
+    m.mCompDeckPos = card.Tag.value();
     card.Picture = m.mCards.at(m.mCompDeckPos).Picture;
     if (highlight) f_.play.RelativeCheck(m.mCompDeckPos, true);
     card.Tag = "-1";

@@ -64,7 +64,7 @@ public:
         const CardRecord& card = f.m.mCards[8];
         for (std::size_t slot = 0; slot < f.ctl.imgTCard.size(); ++slot)
             if (f.ctl.imgTCard[slot].hasPicture() &&
-                (card.isWild() || f.m.mCards[Val(f.ctl.imgTCard[slot].Tag)].Flower == card.Flower))
+                (card.isWild() || f.m.mCards[f.ctl.imgTCard[slot].Tag.value()].Flower == card.Flower))
                 return {0, static_cast<int>(slot)};
         return {0, -1};
     }
@@ -79,7 +79,7 @@ TEST_F(Hostile, AMoveInPiecesAndMovesInOneReadAreEachReplayedOnce) {
     send(move.substr(0, 6));
     world.advance(30);
     send(move.substr(6));
-    const int took = where < 0 ? -1 : static_cast<int>(Val(host.f().ctl.imgTCard[where].Tag));
+    const int took = where < 0 ? -1 : static_cast<int>(host.f().ctl.imgTCard[where].Tag.value());
     ASSERT_TRUE(runUntil([&] { return !moves.made.empty(); }));
     EXPECT_EQ(moves.made.size(), 1u) << "one move, taken once";
     EXPECT_EQ(moves.made[0].side, 1);
@@ -97,7 +97,7 @@ TEST_F(Hostile, AMoveInPiecesAndMovesInOneReadAreEachReplayedOnce) {
     {
         int framed = 0;
         while (!host.f().ctl.shpTHilite[framed].Visible) ++framed;
-        send("CHAT,a,b" + std::string("CARD,") + host.f().ctl.imgFlipCard.Tag + "," + std::to_string(framed));
+        send("CHAT,a,b" + std::string("CARD,") + host.f().ctl.imgFlipCard.Tag.text() + "," + std::to_string(framed));
         ASSERT_TRUE(runUntil([&] { return moves.made.size() == 2; }));
         EXPECT_EQ(moves.made[1].slot, framed);
         EXPECT_EQ(chat, std::vector<std::string>{"a,b"});
