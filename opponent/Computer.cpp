@@ -22,7 +22,11 @@ void Computer::tmrComputer_Timer() {
         closingTick();
         return;
     }
+    const unsigned deal = f_.dealer.serial();
     const bool advance = runPhase();
+    // A deal that began while the phase waited (the flip's pause lets a restart and a new deal
+    // in) has set its own turn: the old turn's phase must not carry over into it.
+    if (f_.dealer.serial() != deal) return;
     if (f_.g.gPlayMode == 0 || advance) ++m.mCompPhase;
 }
 

@@ -88,7 +88,8 @@ void MatchEnd::endSingleGame() {
     const unsigned dealt = f_.dealer.serial();
     const bool again = askPlayAgain();
     if (g.gPlayMode != 0) pumpAfterQuestion();
-    decideNextStarter();
+    // A deal that came from the wire while the question stood has its leader already.
+    if (f_.dealer.serial() == dealt) decideNextStarter();
     if (!again) {
         declineRematch();
         return;
