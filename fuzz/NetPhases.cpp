@@ -11,7 +11,7 @@ namespace petal::fuzz {
 namespace {
 constexpr std::int64_t kDealLimitMs = 5'000;
 constexpr std::int64_t kTickMs = 500;  // the turn driver's
-constexpr int kMaxActions = 600;        // moves and pauses to reach a phase, a few deals' worth
+constexpr int kMaxActions = 600;       // moves and pauses to reach a phase, a few deals' worth
 constexpr int kDealTries = 3;
 }  // namespace
 
@@ -41,8 +41,9 @@ bool NetPhases::reach(NetPhase phase, int variant, sim::Policy& policy) {
         case NetPhase::LocalFlipWaits:
             for (int i = 0; i < kDealTries; ++i) {
                 if (!clearTable() || !deal(false, variant + i)) return false;
-                if (playUntil([&] { return f.m.mTurn == 0 && f.ctl.shpFlipCard.Visible && f.ctl.imgFlipCard.hasPicture(); },
-                              policy))
+                if (playUntil(
+                        [&] { return f.m.mTurn == 0 && f.ctl.shpFlipCard.Visible && f.ctl.imgFlipCard.hasPicture(); },
+                        policy))
                     return true;
             }
             return false;

@@ -1,5 +1,6 @@
 #include "NetRig.h"
 
+#include "TableInvariants.h"
 #include "cards/Val.h"
 #include "net/FrmConnectionStatus.h"
 #include "net/WireProtocol.h"
@@ -7,7 +8,6 @@
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
 #include "shell/FrmSetup.h"
-#include "TableInvariants.h"
 
 namespace petal::fuzz {
 
@@ -65,7 +65,8 @@ MsgResult NetRig::answer(const MsgBox& box) {
         title.rfind("Connection Error ", 0) == 0)
         return MsgResult::OK;
     if (title == "Reconnect") return MsgResult::No;
-    if (title == "Game In Progress" || title == "Cancel Connection" || title == "Close Connection" || title == "Reset Game")
+    if (title == "Game In Progress" || title == "Cancel Connection" || title == "Close Connection" ||
+        title == "Reset Game")
         return MsgResult::Yes;
     fail("the program showed \"" + box.text + "\" (" + title + ")");
     return box.buttons == MsgButtons::YesNo ? MsgResult::No : MsgResult::OK;
@@ -110,7 +111,8 @@ bool NetRig::sessionUp() {
     // A client may have taken other options from the bytes of an input: its session is not
     // the rig's any more.
     const Globals& g = f().g;
-    return linkUp() && (options_.hostSide || (g.gGameType == (options_.tournament ? 1 : 0) && g.gUseYaku == options_.yaku));
+    return linkUp() &&
+           (options_.hostSide || (g.gGameType == (options_.tournament ? 1 : 0) && g.gUseYaku == options_.yaku));
 }
 
 bool NetRig::startSession() {
@@ -156,8 +158,8 @@ std::string NetRig::stateKey() {
     std::string key;
     for (long v : {long(f.dealer.serial()), long(m.mCompPlays), long(m.mPlayerPlays), long(m.mCompPhase), long(m.mTurn),
                    long(f.g.gGameInProgress), long(f.scoreCard != nullptr), long(f.connectionStatus != nullptr),
-                   long(m.mAutoDeal), long(m.mPeerReady), long(m.mPeerScoreOpen), long(sim::TableInvariants::dealStands(f)),
-                   long(f.net.nextMove() != nullptr), long(sessions_)})
+                   long(m.mAutoDeal), long(m.mPeerReady), long(m.mPeerScoreOpen),
+                   long(sim::TableInvariants::dealStands(f)), long(f.net.nextMove() != nullptr), long(sessions_)})
         key += std::to_string(v) + ",";
     return key;
 }

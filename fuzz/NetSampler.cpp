@@ -7,8 +7,8 @@ namespace petal::fuzz {
 namespace {
 constexpr std::uint8_t kLocalMove = 0x20, kLegalFirst = 0x40, kRepeat = 0x80;
 const char* const kBareWords[] = {"QUIT", "SCOP", "SCCL"};
-const char* const kChatPieces[] = {"hi", ",", " ", "CARD,", "QUIT", "NEWG,1", "DEAL,", "CHAT,", "SEUP,1,3,0", "1", "-1",
-                                   "\xC3\xA9", "\r\n"};
+const char* const kChatPieces[] = {"hi",    ",",          " ", "CARD,", "QUIT",     "NEWG,1", "DEAL,",
+                                   "CHAT,", "SEUP,1,3,0", "1", "-1",    "\xC3\xA9", "\r\n"};
 }  // namespace
 
 std::vector<std::uint8_t> NetSampler::input() {
@@ -100,9 +100,15 @@ std::string NetSampler::spoilt(std::string text) {
     if (text.empty()) return text;
     const std::size_t at = r_.below(static_cast<unsigned>(text.size()));
     switch (r_.below(3)) {
-        case 0: text[at] = static_cast<char>(r_.next()); break;
-        case 1: text.erase(at, 1); break;
-        default: text.insert(at, 1, ",0-"[r_.below(3)]); break;
+        case 0:
+            text[at] = static_cast<char>(r_.next());
+            break;
+        case 1:
+            text.erase(at, 1);
+            break;
+        default:
+            text.insert(at, 1, ",0-"[r_.below(3)]);
+            break;
     }
     return text;
 }

@@ -137,8 +137,7 @@ std::string NetTarget::verdict(NetRig& rig, std::size_t boxesBefore) {
     // table is one it dealt alone (a rematch that its player had asked for, say).
     if (told) {
         ++outOfStep_;
-        if (f.g.gPlayMode != 0 || f.socketState() != 0 ||
-            (sim::TableInvariants::dealStands(f) && !rig.lastDealAlone()))
+        if (f.g.gPlayMode != 0 || f.socketState() != 0 || (sim::TableInvariants::dealStands(f) && !rig.lastDealAlone()))
             return "after \"Out of Step\" the program does not play alone at a table of its own (mode " +
                    std::to_string(f.g.gPlayMode) + ", socket " + std::to_string(f.socketState()) + ", game " +
                    std::to_string(f.g.gGameInProgress) + ")";

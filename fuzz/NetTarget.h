@@ -31,7 +31,7 @@ class NetTarget : public FuzzTarget {
 public:
     static constexpr int kMaxPieces = 64;
     static constexpr std::int64_t kTailMs = 1'500;  // past the settle pause and two driver ticks
-    static constexpr int kInputsPerRig = 2'000;      // a rig's records grow; a fresh one now and then
+    static constexpr int kInputsPerRig = 2'000;     // a rig's records grow; a fresh one now and then
 
     explicit NetTarget(std::filesystem::path scratch);
     ~NetTarget() override;

@@ -46,11 +46,16 @@ int main(int argc, char** argv) {
         const std::string arg = argv[i];
         if (arg == "--replay") return replay(*target, argc, argv, i + 1);
         if (i + 1 >= argc) return usage();
-        if (arg == "--seed") seed = std::strtoull(argv[++i], nullptr, 10);
-        else if (arg == "--runs") runs = std::strtol(argv[++i], nullptr, 10);
-        else if (arg == "--seconds") seconds = std::strtod(argv[++i], nullptr);
-        else if (arg == "--save") save = argv[++i];
-        else return usage();
+        if (arg == "--seed")
+            seed = std::strtoull(argv[++i], nullptr, 10);
+        else if (arg == "--runs")
+            runs = std::strtol(argv[++i], nullptr, 10);
+        else if (arg == "--seconds")
+            seconds = std::strtod(argv[++i], nullptr);
+        else if (arg == "--save")
+            save = argv[++i];
+        else
+            return usage();
     }
     const SeededFuzzer::Result result = SeededFuzzer::run(*target, seed, runs, seconds);
     std::printf("%s: %ld inputs in %.1f s (%.0f/s) from seed %llu\n%s\n", target->name(), result.runs, result.seconds,

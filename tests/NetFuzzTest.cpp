@@ -49,14 +49,22 @@ bool stands(NetRig& rig, NetPhase phase) {
     FrmMain& f = rig.f();
     const bool remoteTurn = f.m.mTurn == 1 && f.tmrComputer.Enabled() && f.g.gGameInProgress == 1;
     switch (phase) {
-        case NetPhase::AwaitDeal: return f.g.gGameInProgress == 0 && !sim::TableInvariants::dealStands(f);
-        case NetPhase::RemoteSelect: return remoteTurn && f.m.mCompPhase == 0 && f.m.mCompPlays == 0;
-        case NetPhase::RemoteDrop: return remoteTurn && f.m.mCompPhase == 1;
-        case NetPhase::RemoteFlip: return remoteTurn && f.m.mCompPhase == 2;
-        case NetPhase::RemoteFlipWaits: return remoteTurn && f.m.mCompPhase == 3 && f.ctl.imgFlipCard.hasPicture();
-        case NetPhase::LocalFlipWaits: return f.m.mTurn == 0 && f.ctl.shpFlipCard.Visible;
-        case NetPhase::ScoreCard: return rig.cardStands() && f.scoreCard != nullptr;
-        case NetPhase::Rematch: return rig.questionStands();
+        case NetPhase::AwaitDeal:
+            return f.g.gGameInProgress == 0 && !sim::TableInvariants::dealStands(f);
+        case NetPhase::RemoteSelect:
+            return remoteTurn && f.m.mCompPhase == 0 && f.m.mCompPlays == 0;
+        case NetPhase::RemoteDrop:
+            return remoteTurn && f.m.mCompPhase == 1;
+        case NetPhase::RemoteFlip:
+            return remoteTurn && f.m.mCompPhase == 2;
+        case NetPhase::RemoteFlipWaits:
+            return remoteTurn && f.m.mCompPhase == 3 && f.ctl.imgFlipCard.hasPicture();
+        case NetPhase::LocalFlipWaits:
+            return f.m.mTurn == 0 && f.ctl.shpFlipCard.Visible;
+        case NetPhase::ScoreCard:
+            return rig.cardStands() && f.scoreCard != nullptr;
+        case NetPhase::Rematch:
+            return rig.questionStands();
     }
     return false;
 }
@@ -71,7 +79,8 @@ TEST(NetFuzz, EveryPhaseStandsOnBothSidesWhenItsInputBegins) {
             NetRig rig(options, fuzzScratch());
             sim::Policy policy(true, 3);
             const char* side = hostSide ? "host" : "client";
-            ASSERT_TRUE(NetPhases(rig).reach(phase, 3, policy)) << side << " " << phaseName(phase) << ": " << rig.failure();
+            ASSERT_TRUE(NetPhases(rig).reach(phase, 3, policy))
+                << side << " " << phaseName(phase) << ": " << rig.failure();
             EXPECT_TRUE(stands(rig, phase)) << side << " " << phaseName(phase);
             EXPECT_TRUE(rig.sessionUp()) << side << " " << phaseName(phase);
             EXPECT_EQ(sim::TableInvariants::check(rig.f()), "") << side << " " << phaseName(phase);
@@ -105,7 +114,9 @@ public:
         ++runs;
         return size > 0 && data[0] == 7 ? "a seven" : "";
     }
-    std::vector<std::uint8_t> sample(SplitMix& random) override { return {static_cast<std::uint8_t>(random.below(50))}; }
+    std::vector<std::uint8_t> sample(SplitMix& random) override {
+        return {static_cast<std::uint8_t>(random.below(50))};
+    }
     std::string stats() const override { return std::to_string(runs) + " runs"; }
     long runs = 0;
 };

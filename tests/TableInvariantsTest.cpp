@@ -50,7 +50,9 @@ TEST_F(Invariants, EachBreakIsFoundAndNamed) {
     const auto pos = [](const Image& card) { return static_cast<int>(Val(card.Tag)); };
     const Break breaks[] = {
         {"a card in two places",
-         [](FrmMain& m) { m.ctl.imgFlipCard.Tag = m.ctl.imgPCard[0].Tag, m.ctl.imgFlipCard.Picture = m.ctl.imgPCard[0].Picture; },
+         [](FrmMain& m) {
+             m.ctl.imgFlipCard.Tag = m.ctl.imgPCard[0].Tag, m.ctl.imgFlipCard.Picture = m.ctl.imgPCard[0].Picture;
+         },
          "is in the local hand slot 0 and in the flipped card"},
         {"a card lost", [](FrmMain& m) { m.ctl.imgTCard[3].clearCard(); }, "is nowhere: the card is lost"},
         {"more than 48 cards: a hand card also in a pile",
@@ -64,8 +66,7 @@ TEST_F(Invariants, EachBreakIsFoundAndNamed) {
         {"a Tag that names no position", [](FrmMain& m) { m.ctl.imgTCard[0].Tag = "x"; }, "names no position"},
         {"the deck turned past its last flip", [](FrmMain& m) { m.m.mDeckPos = 40; }, "outside 23 to 39"},
         {"a total that is not the sum of the piles",
-         [](FrmMain& m) { m.ctl.panel[1].lblPointsTotal[3].Caption = "50"; },
-         "the opposite side's total shows \"50\""},
+         [](FrmMain& m) { m.ctl.panel[1].lblPointsTotal[3].Caption = "50"; }, "the opposite side's total shows \"50\""},
         {"a counter that is not its pile's", [](FrmMain& m) { m.m.mPoints[0][0][1] = 2; },
          "the local player's row of 10 counts 2 cards"},
         {"a yaku that no pile holds", [](FrmMain& m) { m.m.mYakuCards[1][4] = 3; },

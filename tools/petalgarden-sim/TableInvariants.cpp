@@ -31,10 +31,14 @@ bool holdsCard(const Image& oppositeCard) {
 
 int rowOf(int points) {
     switch (points) {
-        case 20: return 0;
-        case 10: return 1;
-        case 5: return 2;
-        default: return 3;
+        case 20:
+            return 0;
+        case 10:
+            return 1;
+        case 5:
+            return 2;
+        default:
+            return 3;
     }
 }
 
@@ -63,7 +67,8 @@ struct Ledger {
         }
         const std::optional<int> pos = positionIn(image.Tag);
         if (!pos) return fail(where + " shows a card but its Tag \"" + image.Tag + "\" names no position");
-        if (image.Picture != f.m.mCards[*pos].Picture) return fail(where + " shows another face than position " + name(*pos));
+        if (image.Picture != f.m.mCards[*pos].Picture)
+            return fail(where + " shows another face than position " + name(*pos));
         put(*pos, where);
     }
 };
@@ -106,10 +111,12 @@ void checkHands(Ledger& l) {
 void checkTableAndFlip(Ledger& l) {
     const TableModel& c = l.f.ctl;
     if (c.shpTHilite.size() != c.imgTCard.size()) l.fail("the table has not one frame for each slot");
-    for (std::size_t i = 0; i < c.imgTCard.size(); ++i) l.faceCard(c.imgTCard[i], "the table slot " + std::to_string(i));
+    for (std::size_t i = 0; i < c.imgTCard.size(); ++i)
+        l.faceCard(c.imgTCard[i], "the table slot " + std::to_string(i));
     l.faceCard(c.imgFlipCard, "the flipped card");
     if (c.imgFlipCard.hasPicture() && positionIn(c.imgFlipCard.Tag) != l.f.m.mDeckPos)
-        l.fail("the flipped card " + c.imgFlipCard.Tag + " is not the last card turned, " + std::to_string(l.f.m.mDeckPos));
+        l.fail("the flipped card " + c.imgFlipCard.Tag + " is not the last card turned, " +
+               std::to_string(l.f.m.mDeckPos));
 }
 
 // Each side's piles: the cards by their faces, in the row of their value; the counters, the
@@ -145,8 +152,8 @@ void checkPiles(Ledger& l, int side, bool dealStands) {
         const std::string rowName = who + " row of " + std::to_string(row == 0 ? 20 : row == 1 ? 10 : 5);
         if (f.m.mPoints[side][0][row] != count[row] || f.m.mPoints[side][1][row] != points[row])
             return l.fail(rowName + " counts " + std::to_string(f.m.mPoints[side][0][row]) + " cards and " +
-                          std::to_string(f.m.mPoints[side][1][row]) + " points, its pile " + std::to_string(count[row]) +
-                          " and " + std::to_string(points[row]));
+                          std::to_string(f.m.mPoints[side][1][row]) + " points, its pile " +
+                          std::to_string(count[row]) + " and " + std::to_string(points[row]));
         const std::string caption = count[row] ? kRowCaption[row] + std::to_string(count[row]) : "";
         const std::string total = count[row] ? std::to_string(points[row]) : "";
         if (panel.lblPoints[row].Caption != caption || panel.lblPointsTotal[row].Caption != total)
@@ -165,7 +172,8 @@ void checkPiles(Ledger& l, int side, bool dealStands) {
     }
     const std::string expected = sum > 0 ? std::to_string(sum) : "";
     if (panel.lblPointsTotal[3].Caption != expected)
-        l.fail(who + " total shows \"" + panel.lblPointsTotal[3].Caption + "\", its piles and yaku make \"" + expected + "\"");
+        l.fail(who + " total shows \"" + panel.lblPointsTotal[3].Caption + "\", its piles and yaku make \"" + expected +
+               "\"");
 }
 
 // While a deal stands, the deck beyond mDeckPos completes the partition of the 48 positions.
