@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <filesystem>
+#include <thread>
 
 #include "FuzzTargets.h"
 #include "NetPhases.h"
@@ -131,6 +132,26 @@ TEST(NetFuzz, TheSeededFuzzerStopsAtTheFirstBrokenRuleAndKeepsItsInput) {
     EXPECT_EQ(SeededFuzzer::hex({0x07, 0xAB}), "07ab");
     const SeededFuzzer::Result again = SeededFuzzer::run(target, 1, 10'000, 60.0);
     EXPECT_EQ(again.runs, result.runs) << "the same seed, the same inputs";
+}
+
+// A target whose third input never ends, for the watcher of hangs.
+class HangsOnTheThird : public FuzzTarget {
+public:
+    const char* name() const override { return "hangs"; }
+    std::string run(const std::uint8_t*, std::size_t) override {
+        if (++runs == 3)
+            for (;;) std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        return "";
+    }
+    std::vector<std::uint8_t> sample(SplitMix&) override { return {static_cast<std::uint8_t>(0xA0 + runs)}; }
+    std::string stats() const override { return ""; }
+    int runs = 0;
+};
+
+TEST(NetFuzzDeathTest, AnInputThatHangsEndsTheRunAndIsNamed) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    HangsOnTheThird target;
+    EXPECT_DEATH(SeededFuzzer::run(target, 1, 10, 60.0, 1), "hangs: an input has run for 1 s: it hangs\ninput a2");
 }
 
 }  // namespace
