@@ -138,6 +138,7 @@ void Dealer::DealCards() {
     MainVars& m = f_.m;
     Globals& g = f_.g;
     f_.setMousePointer(FrmMain::kPointerHourglass);
+    ++serial_;
     f_.net.dealStarted();
     NewGame(false);
     ShuffleCards();

@@ -24,7 +24,9 @@ void Computer::tmrComputer_Timer() {
     }
     const int deal = m.dealSerial;
     const bool advance = runPhase();
-    if (m.dealSerial != deal) return;  // the game was left, or dealt anew, during the flip's pause
+    // A deal that began while the phase waited (the flip's pause lets a restart and a new deal
+    // in) has set its own turn: the old turn's phase must not carry over into it.
+    if (m.dealSerial != deal) return;
     if (f_.g.gPlayMode == 0 || advance) ++m.mCompPhase;
 }
 

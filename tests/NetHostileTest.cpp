@@ -44,6 +44,10 @@ public:
     }
     // The peer joins the host as its client and leads the deal.
     void joinAndDeal() {
+        join();
+        deal();
+    }
+    void join() {
         act(host, [&] { host.f().mnuSetup_Click(); });
         world.act(peer.host, [&] {
             peer.socket->RemoteHost = "127.0.0.1";
@@ -51,6 +55,8 @@ public:
             peer.socket->Connect();
         });
         ASSERT_TRUE(runUntil([&] { return peer.received.rfind("SEUP,", 0) == 0 && host.f().g.gConnectState == 7; }));
+    }
+    void deal() {
         act(host, [&] { host.f().m.mTurn = 1; });
         act(host, [&] { host.f().dealer.imgDeck_Click(); });
         ASSERT_TRUE(runUntil([&] { return peer.received.find("DEAL,") != std::string::npos; }));
@@ -105,6 +111,23 @@ TEST_F(Hostile, AMoveInPiecesAndMovesInOneReadAreEachReplayedOnce) {
     ASSERT_TRUE(runUntil([&] { return host.f().m.mTurn == 0; }));
     EXPECT_EQ(host.f().m.mCompPlays, 1);
     EXPECT_EQ(host.f().g.gPlayMode, 1) << "nothing was out of step";
+}
+
+// A move that crossed a restart (or that no deal asked for) is void: the next deal replays
+// only the moves sent for it.
+TEST_F(Hostile, AMoveThatCameBeforeTheDealIsNotReplayedInIt) {
+    join();
+    send("CARD,1,-1");
+    world.advance(500);
+    deal();
+    const auto [slot, where] = legalHandMove();
+    const int took = where < 0 ? -1 : static_cast<int>(host.f().ctl.imgTCard[where].Tag.value());
+    send("CARD," + std::to_string(slot) + "," + std::to_string(where));
+    ASSERT_TRUE(runUntil([&] { return !moves.made.empty() || host.f().g.gPlayMode == 0; }));
+    EXPECT_EQ(host.f().g.gPlayMode, 1) << "nothing was out of step";
+    ASSERT_EQ(moves.made.size(), 1u);
+    EXPECT_EQ(moves.made[0].pos, 8) << "the move of slot 0, not the one that came before the deal";
+    EXPECT_EQ(moves.made[0].took, took);
 }
 
 struct Unfit {

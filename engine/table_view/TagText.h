@@ -44,6 +44,8 @@ public:
     friend bool operator==(const TagText& tag, const char* text) { return tag == std::string_view(text); }
     friend bool operator==(const TagText& tag, const std::string& text) { return tag == std::string_view(text); }
     friend bool operator==(const TagText& a, const TagText& b) { return a.text_ == b.text_; }
+    friend std::string operator+(std::string text, const TagText& tag) { return text += tag.text_; }
+    friend std::string operator+(const TagText& tag, std::string_view text) { return tag.text_ + std::string(text); }
     friend std::ostream& operator<<(std::ostream& out, const TagText& tag);
 
 private:
