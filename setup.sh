@@ -2,22 +2,40 @@
 # Installs what is missing on a Debian machine, configures and builds, then plays or tests.
 #   ./setup.sh play    build and start the game
 #   ./setup.sh test    build and run the whole test suite headless
+#   ./setup.sh fuzz [RUNS] [net]
+#                      build the libFuzzer targets with clang and the sanitizers in build-fuzz/
+#                      and fuzz one (net; default 1000000 inputs); clang is needed only here
 set -euo pipefail
 cd "$(dirname "$0")"
 
-packages=(cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 libsqlite3-dev libgtest-dev
-          fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev)
-missing=()
-for p in "${packages[@]}"; do
-    dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
-done
-if ((${#missing[@]})); then
-    sudo=""
+install() {
+    local missing=()
+    for p in "$@"; do
+        dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
+    done
+    ((${#missing[@]})) || return 0
+    local sudo=""
     [ "$(id -u)" -eq 0 ] || sudo=sudo
     echo "Installing ${missing[*]}"
     $sudo apt-get update -qq
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
+}
+
+if [ "${1:-}" = fuzz ]; then
+    install cmake make clang libsqlite3-dev
+    cmake -S . -B build-fuzz -DPETAL_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+        -DCMAKE_RULE_MESSAGES=OFF >/dev/null
+    cmake --build build-fuzz -j "$(nproc)" -- --no-print-directory -s
+    target="${3:-net}"
+    # New inputs go to the first folder; the kept ones are read from the second.
+    mkdir -p "build-fuzz/corpus/$target"
+    exec nice -n 10 "build-fuzz/fuzz/petalgarden-fuzz-$target" -runs="${2:-1000000}" -detect_leaks=0 \
+        -dict="fuzz/$target.dict" -max_len=1024 -artifact_prefix=build-fuzz/ -print_final_stats=1 \
+        "build-fuzz/corpus/$target" "tests/fuzz-corpus/$target"
 fi
+
+install cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 libsqlite3-dev libgtest-dev \
+    fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev
 
 build=build
 cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=OFF >/dev/null
@@ -27,5 +45,5 @@ cmake --build "$build" -j "$(nproc)" -- --no-print-directory -s 2>&1 | { grep -v
 case "${1:-}" in
     play) exec "$build/petalgarden" ;;
     test) QT_QPA_PLATFORM=offscreen ctest --test-dir "$build" --output-on-failure -j "$(nproc)" ;;
-    *) echo "usage: ./setup.sh play | test" >&2; exit 2 ;;
+    *) echo "usage: ./setup.sh play | test | fuzz [RUNS] [TARGET]" >&2; exit 2 ;;
 esac

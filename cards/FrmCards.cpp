@@ -39,8 +39,8 @@ constexpr std::array<std::string_view, FrmCards::kCards> kTags = {
 // The yaku pictures' tags are read by nothing; they are kept as the catalogue has them.
 constexpr std::string_view kYakuPictureTag = "Fuji Ni Kakko/F4/5/22";
 
-std::vector<std::string> split(std::string_view text, char sep) {
-    std::vector<std::string> fields;
+std::vector<std::string_view> split(std::string_view text, char sep) {
+    std::vector<std::string_view> fields;
     std::size_t start = 0;
     while (true) {
         std::size_t at = text.find(sep, start);
@@ -71,7 +71,7 @@ PictureId FrmCards::imgWinLose(int index) {
 
 CardRecord FrmCards::parseCard(int n) {
     const CatalogueImage& image = imgCard(n - 1);
-    const std::vector<std::string> fields = split(image.Tag, '/');
+    const std::vector<std::string_view> fields = split(image.Tag, '/');
     CardRecord card;
     card.Picture = image.Picture;
     card.Index = n - 1;
@@ -79,6 +79,8 @@ CardRecord FrmCards::parseCard(int n) {
     card.Flower = fields.at(1);
     card.Points = Val(fields.at(2));
     if (fields.size() >= 4) card.YakuCodes = fields[3];
+    card.month = static_cast<int>(Val(card.Flower.substr(1)));
+    card.wild = card.YakuCodes == "G";
     return card;
 }
 
@@ -96,7 +98,7 @@ const std::string& cardToolTip(const CardRecord& card) {
         std::array<std::string, FrmCards::kCards> all;
         for (int n = 1; n <= FrmCards::kCards; ++n) {
             const CardRecord& c = FrmCards::card(n);
-            all[n - 1] = c.Name + " (" + std::to_string(c.Points) + " pts.)";
+            all[n - 1] = std::string(c.Name) + " (" + std::to_string(c.Points) + " pts.)";
         }
         return all;
     }();

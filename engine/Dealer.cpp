@@ -82,7 +82,7 @@ void Dealer::clearPiles() {
         for (auto& row : p.piles) {
             row.resize(1);
             row[0].Picture = NoPicture;
-            row[0].ToolTipText.clear();
+            row[0].ToolTipText = {};
         }
         for (int k = 0; k < 4; ++k) {
             p.lblPoints[k].Caption.clear();
@@ -97,10 +97,10 @@ void Dealer::resetYakuRows(bool ClearOnly) {
         Image& mine = c.imgPYaku[i];
         Image& theirs = c.imgCYaku[i];
         if (f_.g.gUseYaku) {
-            const PictureId grey = ClearOnly ? NoPicture : ilsYaku("Yaku" + f_.g.gYakuCodes[i]).Picture;
+            const PictureId grey = ClearOnly ? NoPicture : ilsYaku(yakuKey(f_.g.gYakuCodes[i])).Picture;
             theirs.Picture = mine.Picture = grey;
             theirs.Visible = mine.Visible = true;
-            mine.Tag = std::to_string(48 + i);
+            mine.Tag = 48 + i;
             mine.Enabled = true;
         } else {
             theirs.Picture = mine.Picture = NoPicture;
@@ -138,6 +138,7 @@ void Dealer::DealCards() {
     MainVars& m = f_.m;
     Globals& g = f_.g;
     f_.setMousePointer(FrmMain::kPointerHourglass);
+    ++serial_;
     f_.net.dealStarted();
     NewGame(false);
     ShuffleCards();
@@ -175,13 +176,13 @@ void Dealer::layOutDeal() {
     const int o = f_.g.gPlayMode == 2 ? 0 : 8;
     for (int i = 0; i < 8; ++i) {
         c.imgPCard[i].Picture = m.mCards[h + i].Picture;
-        c.imgPCard[i].Tag = std::to_string(h + i);
+        c.imgPCard[i].Tag = h + i;
         c.imgPCard[i].ToolTipText = cardToolTip(m.mCards[h + i]);
         c.imgTCard[i].Picture = m.mCards[16 + i].Picture;
-        c.imgTCard[i].Tag = std::to_string(16 + i);
+        c.imgTCard[i].Tag = 16 + i;
         c.imgTCard[i].ToolTipText = cardToolTip(m.mCards[16 + i]);
         c.imgCCard[i].Picture = c.imgDeck.Picture;
-        c.imgCCard[i].Tag = std::to_string(o + i);
+        c.imgCCard[i].Tag = o + i;
         c.imgCCard[i].Visible = true;
         m.mYakuCards[0][i] = m.mYakuCards[1][i] = 0;
         c.lblPYaku[i].Visible = c.lblCYaku[i].Visible = false;

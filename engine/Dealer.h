@@ -14,6 +14,8 @@ public:
     void NewGame(bool ClearOnly);
     void ShuffleCards();
     void DealCards();
+    // The deals dealt so far, for those who watch the game (tools, tests).
+    unsigned serial() const { return serial_; }
     // The deck's tool tip: while no game runs, it tells a newcomer how to start one.
     std::string deckToolTip() const;
 
@@ -25,6 +27,7 @@ private:
     void showLeader();
 
     FrmMain& f_;
+    unsigned serial_ = 0;
 };
 
 }  // namespace petal

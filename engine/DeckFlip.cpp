@@ -15,7 +15,7 @@ void DeckFlip::FlipCard() {
         m.mPlayerFlipped = 1;
         ++m.mPlayerPlays;
     }
-    c.imgFlipCard.Tag = std::to_string(m.mDeckPos);
+    c.imgFlipCard.Tag = m.mDeckPos;
     c.imgFlipCard.Picture = m.mCards.at(m.mDeckPos).Picture;
     c.imgFlipCard.ToolTipText = cardToolTip(m.mCards[m.mDeckPos]);
     if (best > -1) {

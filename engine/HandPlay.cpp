@@ -15,7 +15,7 @@ void HandPlay::HiliteCards(std::string_view Zone, int Slot, bool Show) {
             c.shpPHilite.Left = c.imgPCard.at(Slot).Left + 30;
             c.shpPHilite.Top = c.imgPCard.at(Slot).Top + 30;
             c.shpPHilite.Visible = true;
-            c.shpPHilite.Tag = std::to_string(Slot);
+            c.shpPHilite.Tag = Slot;
         } else {
             c.shpPHilite.Visible = false;
             c.shpPHilite.Tag = "-1";
@@ -37,10 +37,10 @@ int HandPlay::RelativeCheck(int Position, bool Show) {
     const auto& table = f_.ctl.imgTCard;
     for (int i = 0; i < static_cast<int>(table.size()); ++i) {
         if (table[i].Tag == "-1") continue;
-        const CardRecord& other = f_.m.mCards.at(Val(table[i].Tag));
-        if (wild || other.Flower == card.Flower) {
+        const CardRecord& other = f_.m.mCards.at(table[i].Tag.value());
+        if (wild || other.sameMonth(card)) {
             if (Show) HiliteCards("T", i, true);
-            if (best < 0 || other.Points > f_.m.mCards.at(Val(table[best].Tag)).Points) best = i;
+            if (best < 0 || other.Points > f_.m.mCards.at(table[best].Tag.value()).Points) best = i;
         } else if (Show) {
             HiliteCards("T", i, false);
         }
@@ -50,7 +50,7 @@ int HandPlay::RelativeCheck(int Position, bool Show) {
 
 int HandPlay::selectedHandSlot() const {
     const Shape& frame = f_.ctl.shpPHilite;
-    const long slot = Val(frame.Tag);
+    const long slot = frame.Tag.value();
     return frame.Visible && slot >= 0 && slot < 8 ? static_cast<int>(slot) : -1;
 }
 
@@ -74,7 +74,7 @@ void HandPlay::imgPCard_Click(int Slot) {
         return;
     }
     HiliteCards("P", Slot, true);
-    RelativeCheck(Val(f_.ctl.imgPCard[Slot].Tag), true);
+    RelativeCheck(f_.ctl.imgPCard[Slot].Tag.value(), true);
 }
 
 void HandPlay::imgTCard_Click(int Slot) {
@@ -83,17 +83,17 @@ void HandPlay::imgTCard_Click(int Slot) {
     if (m.mTurn > 0) return;
     if (!c.shpTHilite.at(Slot).Visible) {
         if (c.imgFlipCard.hasPicture() || !c.shpPHilite.Visible) return;
-        const int position = Val(c.imgPCard.at(Val(c.shpPHilite.Tag)).Tag);
+        const int position = c.imgPCard.at(c.shpPHilite.Tag.value()).Tag.value();
         if (RelativeCheck(position, false) == -1) imgTable_Click();
         return;
     }
     const bool fromHand = c.shpPHilite.Visible;
-    const int handSlot = fromHand ? static_cast<int>(Val(c.shpPHilite.Tag)) : -1;
+    const int handSlot = fromHand ? static_cast<int>(c.shpPHilite.Tag.value()) : -1;
     int played;
     if (fromHand)
-        played = f_.g.gPlayMode == 2 ? static_cast<int>(Val(c.imgPCard.at(handSlot).Tag)) : handSlot;
+        played = f_.g.gPlayMode == 2 ? static_cast<int>(c.imgPCard.at(handSlot).Tag.value()) : handSlot;
     else
-        played = Val(c.imgFlipCard.Tag);
+        played = c.imgFlipCard.Tag.value();
     f_.piles.captureFromTable(0, Slot, played, !fromHand);
     f_.piles.CalcPlayerPoints();
     if (fromHand) {
@@ -106,7 +106,7 @@ void HandPlay::imgTCard_Click(int Slot) {
     for (Shape& frame : c.shpTHilite) frame.Visible = false;
     f_.yaku.CountYakus();
     if (f_.g.gPlayMode > 0)
-        f_.sendToPeer("CARD," + (fromHand ? c.shpPHilite.Tag : std::to_string(played)) + "," + std::to_string(Slot));
+        f_.sendToPeer("CARD," + (fromHand ? c.shpPHilite.Tag.text() : std::to_string(played)) + "," + std::to_string(Slot));
     passTurnIfFlipped();
     if (fromHand)
         f_.flip.FlipCard();
@@ -129,8 +129,8 @@ void HandPlay::imgTable_Click() {
     TableModel& c = f_.ctl;
     if (m.mTurn == 0) {
         if (!c.shpPHilite.Visible) return;
-        const int s = Val(c.shpPHilite.Tag);
-        const int p = Val(c.imgPCard.at(s).Tag);
+        const int s = c.shpPHilite.Tag.value();
+        const int p = c.imgPCard.at(s).Tag.value();
         if (RelativeCheck(p, true) != -1) return;
         const int slot = AddCardToTable(p);
         if (f_.events) f_.events->moved(0, false, p, -1, slot);
@@ -160,7 +160,7 @@ int HandPlay::AddCardToTable(int Position) {
     Image& card = c.imgTCard[slot];
     card.Picture = f_.m.mCards.at(Position).Picture;
     card.ToolTipText = cardToolTip(f_.m.mCards[Position]);
-    card.Tag = std::to_string(Position);
+    card.Tag = Position;
     card.Visible = true;
     if (f_.m.mTurn == 0) passTurnIfFlipped();
     return slot;

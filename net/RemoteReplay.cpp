@@ -18,7 +18,7 @@ bool RemoteReplay::canTake(int position, int slot) const {
     const auto& table = f_.ctl.imgTCard;
     if (slot < 0 || slot >= static_cast<int>(table.size()) || !table[slot].hasPicture()) return false;
     const CardRecord& card = f_.m.mCards.at(position);
-    return card.isWild() || f_.m.mCards.at(Val(table[slot].Tag)).Flower == card.Flower;
+    return card.isWild() || f_.m.mCards.at(table[slot].Tag.value()).sameMonth(card);
 }
 
 // A hand card may be laid down only where nothing on the table matches it.
@@ -37,20 +37,20 @@ bool RemoteReplay::MultiPlayerSelectCard() {
     // The hand slot must hold a card not yet played; on the host, slot s holds position s + 8.
     const bool client = f_.g.gPlayMode == 2;
     const bool held = s >= 0 && s < 8 && c.imgCCard[s].hasPicture() && c.imgCCard[s].Tag != "-1" &&
-                      (client || Val(c.imgCCard[s].Tag) == s + 8);
-    if (!held || !fits(static_cast<int>(Val(c.imgCCard[s].Tag)), where)) {
+                      (client || c.imgCCard[s].Tag.value() == s + 8);
+    if (!held || !fits(static_cast<int>(c.imgCCard[s].Tag.value()), where)) {
         f_.net.outOfStep("the opponent's move \"" + move->text + "\" does not fit this table");
         return false;
     }
     f_.net.takeMove();
     if (client) {
         m.mCompCard = s;
-        m.mCompDeckPos = static_cast<int>(Val(c.imgCCard[s].Tag));
+        m.mCompDeckPos = static_cast<int>(c.imgCCard[s].Tag.value());
     } else {
         m.mCompCard = s;
         m.mCompDeckPos = s + 8;
         for (int j = 0; j < 8; ++j) {
-            if (Val(c.imgCCard[j].Tag) == s) {
+            if (c.imgCCard[j].Tag.value() == s) {
                 s = m.mCompCard = j;
                 break;
             }
@@ -71,7 +71,7 @@ bool RemoteReplay::MultiPlayerDropCard(int phase) {
         if (!move) return false;
         const int what = fieldOf(*move, 1), where = fieldOf(*move, 2);
         // The flipped card, and one of the cards it may take: a flip that matches must capture.
-        if (what != m.mCompDeckPos || Val(c.imgFlipCard.Tag) != what || !canTake(what, where)) {
+        if (what != m.mCompDeckPos || c.imgFlipCard.Tag.value() != what || !canTake(what, where)) {
             f_.net.outOfStep("the opponent's move \"" + move->text + "\" does not fit the flipped card");
             return false;
         }

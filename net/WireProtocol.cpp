@@ -162,9 +162,17 @@ void WireProtocol::receiveNewg(int answer) {
 }
 
 void WireProtocol::receiveSetup(const WireMessage& message) {
+    // The options come once, before the session's first deal: taken later they would score a
+    // game, or the deal still on the table, by rules other than those it was played by.
+    if (dealtInSession_ || f_.g.gGameInProgress != 0) {
+        outOfStep("the host's options \"" + message.text + "\" came after the game had begun");
+        return;
+    }
+    // Rounds size the tournament's score table even in a single game: never below 0, and at
+    // least one in a tournament.
     int gameType = 0, rounds = 0, yaku = 0;
     if (!number16(message, 1, gameType) || !number16(message, 2, rounds) || !number16(message, 3, yaku) ||
-        (gameType != 0 && gameType != 1) || (gameType == 1 && (rounds < 1 || rounds > 99))) {
+        (gameType != 0 && gameType != 1) || rounds < gameType || rounds > 99) {
         outOfStep("the host's options \"" + message.text + "\" are no game that can be played");
         return;
     }
@@ -185,8 +193,11 @@ void WireProtocol::receiveMove(const WireMessage& message) {
 }
 
 void WireProtocol::dealStarted() {
+    dealtInSession_ = true;
     rematchAsked_ = false;
     heldAnswers_.clear();
+    // A move that came while no deal ran (one that crossed a restart) belongs to no deal.
+    moves_.clear();
 }
 
 void WireProtocol::rematchAsked() {
@@ -202,6 +213,7 @@ void WireProtocol::reset() {
     moves_.clear();
     heldAnswers_.clear();
     rematchAsked_ = false;
+    dealtInSession_ = false;
     tmrSettle.setEnabled(false);
 }
 

@@ -37,7 +37,7 @@ public:
     bool dealFromWire() const { return dealFromWire_; }
     // Deals from a seed text and a turn as a received DEAL gives them.
     void dealFrom(const std::string& seed, int turn);
-    // A deal starts: answers held for the last one are void.
+    // A deal starts: answers and moves held for the last one are void.
     void dealStarted();
     // This side has asked "Do you want to play again?": an answer that came early is taken now.
     void rematchAsked();
@@ -67,6 +67,7 @@ private:
     std::deque<WireMessage> moves_;    // CARD, for the turn driver
     std::vector<int> heldAnswers_;     // NEWG that came before this side asked
     bool rematchAsked_ = false;
+    bool dealtInSession_ = false;  // the host's options are no longer taken
     bool dealFromWire_ = false;
     bool dispatching_ = false;
     Timer tmrSettle;

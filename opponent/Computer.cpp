@@ -24,7 +24,9 @@ void Computer::tmrComputer_Timer() {
     }
     const int deal = m.dealSerial;
     const bool advance = runPhase();
-    if (m.dealSerial != deal) return;  // the game was left, or dealt anew, during the flip's pause
+    // A deal that began while the phase waited (the flip's pause lets a restart and a new deal
+    // in) has set its own turn: the old turn's phase must not carry over into it.
+    if (m.dealSerial != deal) return;
     if (f_.g.gPlayMode == 0 || advance) ++m.mCompPhase;
 }
 
@@ -108,11 +110,11 @@ void Computer::CompSelectCard() {
     // Pass 1: the most valuable capture, the lowest slot among equals.
     for (int i = 0; i < 8; ++i) {
         if (!c.imgCCard[i].hasPicture()) continue;
-        const int card = Val(c.imgCCard[i].Tag);
+        const int card = c.imgCCard[i].Tag.value();
         const int t = f_.play.RelativeCheck(card, false);
         if (t <= -1) continue;
         matched = true;
-        const int value = m.mCards.at(card).Points + m.mCards.at(Val(c.imgTCard.at(t).Tag)).Points;
+        const int value = m.mCards.at(card).Points + m.mCards.at(c.imgTCard.at(t).Tag.value()).Points;
         if (bestValue < value) {
             bestValue = value;
             bestSlot = i;
@@ -127,7 +129,7 @@ void Computer::CompSelectCard() {
     bestValue = 20;
     for (int i = 0; i < 8; ++i) {
         if (!c.imgCCard[i].hasPicture()) continue;
-        const int points = m.mCards.at(Val(c.imgCCard[i].Tag)).Points;
+        const int points = m.mCards.at(c.imgCCard[i].Tag.value()).Points;
         if (points <= bestValue) {
             bestValue = points;
             bestSlot = i;
@@ -140,7 +142,7 @@ void Computer::commitSelection(int slot, bool highlight) {
     MainVars& m = f_.m;
     Image& card = f_.ctl.imgCCard.at(slot);
     m.mCompCard = slot;
-    m.mCompDeckPos = Val(card.Tag);
+    m.mCompDeckPos = card.Tag.value();
     card.Picture = m.mCards.at(m.mCompDeckPos).Picture;
     if (highlight) f_.play.RelativeCheck(m.mCompDeckPos, true);
     card.Tag = "-1";

@@ -34,6 +34,9 @@ public:
 
     // Let pending events run once, without waiting for more.
     virtual void doEvents() = 0;
+    // Nothing waits to run now: letting events run again would run nothing. A host that cannot
+    // tell says no.
+    virtual bool idle() const { return false; }
     // Run events, sleeping between them, until done() holds or the program ends.
     virtual void waitUntil(const std::function<bool()>& done) = 0;
     // Runs call soon, as a handler of its own, once the running handler has returned to the

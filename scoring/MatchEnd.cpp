@@ -36,12 +36,12 @@ void MatchEnd::sweepClaim() {
     if (c.panel[0].imgGagi.Visible) claimant = 0;
     else if (c.panel[1].imgGagi.Visible) claimant = 1;
     if (claimant < 0) return;
-    const CardRecord& marked = m.mCards.at(Val(c.panel[claimant].imgGagi.Tag));
+    const CardRecord& marked = m.mCards.at(c.panel[claimant].imgGagi.Tag.value());
     for (std::size_t i = 0; i < c.imgTCard.size(); ++i) {
         if (!c.imgTCard[i].hasPicture()) continue;
         const int saved = m.mTurn;
         m.mTurn = claimant;
-        const int position = Val(c.imgTCard[i].Tag);
+        const int position = c.imgTCard[i].Tag.value();
         const CardRecord& card = m.mCards.at(position);
         const bool sameMonth = card.Flower == marked.Flower;
         if (sameMonth || card.Flower == "F11") {
@@ -62,14 +62,15 @@ bool MatchEnd::askPlayAgain() {
            MsgResult::Yes;
 }
 
-// A bounded number of passes that lets a peer's answer arrive; the exit test is an equality,
-// so a pass that meets the count while data is being received goes round the counter.
+// A bounded number of passes that lets a peer's answer arrive.
 void MatchEnd::pumpAfterQuestion() {
     std::uint32_t passes = 0;
     while (!f_.host.ending()) {
         ++passes;
         f_.host.doEvents();
-        if (!f_.m.mReceiving && passes == 10000) return;
+        // Once nothing waits to run, further passes would change nothing; and a pass that ends
+        // the count while data is being received leaves at the next one, never after billions.
+        if (!f_.m.mReceiving && (passes >= 10000 || f_.host.idle())) return;
     }
 }
 

@@ -76,7 +76,7 @@ void Piles::SendToPoints(int side, int CardPos, bool ByGCard, int PairIndex) {
         Image& marker = c.panel.at(t).imgGagi;
         marker.Top = pile[n].Top;
         marker.Left = pile[n].Left;
-        marker.Tag = std::to_string(CardPos);
+        marker.Tag = CardPos;
         c.bringToFront(marker);
         marker.Visible = true;
     }
@@ -85,7 +85,7 @@ void Piles::SendToPoints(int side, int CardPos, bool ByGCard, int PairIndex) {
 
 void Piles::captureFromTable(int side, int slot, int played, bool fromDeck) {
     TableModel& c = f_.ctl;
-    const int pair[2] = {static_cast<int>(Val(c.imgTCard.at(slot).Tag)), played};
+    const int pair[2] = {static_cast<int>(c.imgTCard.at(slot).Tag.value()), played};
     const bool wild = f_.m.mCards.at(played).isWild();
     for (int k = 0; k < 2; ++k) {
         SendToPoints(side, pair[k], wild, k);

@@ -8,23 +8,34 @@
 
 namespace petal {
 
+const std::vector<int>& Yaku::slotsOf(int cardIndex) {
+    if (!slotsKnown_.at(cardIndex)) {
+        const std::string_view codes = FrmCards::card(cardIndex + 1).YakuCodes;
+        for (int i = 0; i < 24; ++i) {
+            const std::string& code = f_.g.gYakuCodes[i];
+            if (!code.empty() && codes.find(code) != std::string_view::npos) slots_[cardIndex].push_back(i);
+        }
+        slotsKnown_[cardIndex] = true;
+    }
+    return slots_[cardIndex];
+}
+
 void Yaku::ShowYaku(int CardPos) {
-    const std::string codes = f_.m.mCards.at(CardPos).YakuCodes;
-    if (codes.empty()) return;
+    const CardRecord& card = f_.m.mCards.at(CardPos);
+    if (card.YakuCodes.empty()) return;
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
     const int t = m.mTurn;
-    for (int i = 0; i < 24; ++i) {
+    for (const int i : slotsOf(card.Index)) {
         const std::string& code = f_.g.gYakuCodes[i];
-        if (code.empty() || codes.find(code) == std::string::npos) continue;
         const int k = code[0] - '1';
-        const ListImage colour = ilsYakuColor("Yaku" + code);
+        const ListImage colour = ilsYakuColor(yakuKey(code));
         if (t == 0) {
             c.imgPYaku[i].Picture = colour.Picture;
             c.imgPYaku[i].Tag = colour.Tag;
-            const int first = Val(c.picYakuShow.Tag);
+            const int first = c.picYakuShow.Tag.value();
             if (c.picYakuShow.Visible && i >= first && i <= first + 2)
-                c.imgYakuShow[i - first].Picture = FrmCards::imgCard(Val(c.imgPYaku[i].Tag)).Picture;
+                c.imgYakuShow[i - first].Picture = FrmCards::imgCard(c.imgPYaku[i].Tag.value()).Picture;
         } else {
             c.imgCYaku[i].Picture = colour.Picture;
         }
@@ -68,16 +79,16 @@ void Yaku::imgPYaku_Click(int Index) {
     TableModel& c = f_.ctl;
     const int s = Index / 3 * 3;
     for (int i = s; i <= s + 2; ++i)
-        c.imgYakuShow[i - s].Picture = FrmCards::imgCard(Val(c.imgPYaku.at(i).Tag)).Picture;
+        c.imgYakuShow[i - s].Picture = FrmCards::imgCard(c.imgPYaku.at(i).Tag.value()).Picture;
     f_.restoreArrow();
     c.picYakuShow.Visible = true;
-    c.picYakuShow.Tag = std::to_string(s);
+    c.picYakuShow.Tag = s;
 }
 
 void Yaku::reloadPanel() {
     TableModel& c = f_.ctl;
-    const int k = Val(c.picYakuShow.Tag);
-    for (int i = 0; i < 3; ++i) c.imgYakuShow[i].Picture = FrmCards::imgCard(Val(c.imgPYaku.at(k + i).Tag)).Picture;
+    const int k = c.picYakuShow.Tag.value();
+    for (int i = 0; i < 3; ++i) c.imgYakuShow[i].Picture = FrmCards::imgCard(c.imgPYaku.at(k + i).Tag.value()).Picture;
 }
 
 void Yaku::imgPYaku_MouseMove(int Index) {

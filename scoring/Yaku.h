@@ -1,4 +1,6 @@
 #pragma once
+#include <array>
+#include <vector>
 
 namespace petal {
 
@@ -23,8 +25,13 @@ public:
 
 private:
     void backThumbnails(int group, bool player, bool opposite);
+    // The thumbnail slots whose code stands in a card's yaku codes, in the order of the codes'
+    // list: found once for each card, as neither the card's codes nor the list change.
+    const std::vector<int>& slotsOf(int cardIndex);
 
     FrmMain& f_;
+    std::array<std::vector<int>, 48> slots_;
+    std::array<bool, 48> slotsKnown_{};
 };
 
 }  // namespace petal

@@ -15,17 +15,24 @@ int slotOf(std::string_view key) {
     throw std::out_of_range("no image list entry \"" + std::string(key) + "\"");
 }
 
+// The Tag of a list image: the catalogue index of the card that the slot shows.
+TagText cardTag(int slot) {
+    TagText tag;
+    tag = yakuSlotCard(slot);
+    return tag;
+}
+
 }  // namespace
 
 ListImage ilsYaku(std::string_view key) {
     const int slot = slotOf(key);
-    return {pic::thumbGrey(slot), std::to_string(yakuSlotCard(slot))};
+    return {pic::thumbGrey(slot), cardTag(slot)};
 }
 
 ListImage ilsYakuColor(std::string_view key) {
     if (key == "Back") return {pic::ThumbBack, ""};
     const int slot = slotOf(key);
-    return {pic::thumbColour(slot), std::to_string(yakuSlotCard(slot))};
+    return {pic::thumbColour(slot), cardTag(slot)};
 }
 
 }  // namespace petal

@@ -43,7 +43,11 @@ void FrmMain::setMousePointer(int pointer) {
     host.setMousePointer(pointer);
 }
 
-std::string FrmMain::programFile(const std::string& name) const { return (host.programFolder() / name).string(); }
+// The folder is asked of the host once: the sound calls of every capture build paths in it.
+std::string FrmMain::programFile(const std::string& name) const {
+    if (programFolder_.empty()) programFolder_ = host.programFolder();
+    return (programFolder_ / name).string();
+}
 
 void FrmMain::Form_Load() {
     Caption = "Petalgarden";

@@ -1,6 +1,7 @@
 #pragma once
 // The game: the main form's state, its controls and its handlers. The routines of the round,
 // the scoring and the opponent are members of their own classes, reached from here.
+#include <filesystem>
 #include <memory>
 #include <string>
 
@@ -125,6 +126,7 @@ public:
 
 private:
     int mousePointer_ = kPointerDefault;
+    mutable std::filesystem::path programFolder_;
     std::string lastSound_;
 };
 

@@ -37,7 +37,7 @@ TEST(Catalogue, EachYakuGroupHasExactlyItsThreeMembers) {
         std::size_t start = 0;
         while (start <= card.YakuCodes.size()) {
             const std::size_t comma = card.YakuCodes.find(',', start);
-            const std::string code = card.YakuCodes.substr(start, comma - start);
+            const std::string code(card.YakuCodes.substr(start, comma - start));
             EXPECT_TRUE(found.emplace(code, card.Index).second) << "code " << code << " twice";
             if (comma == std::string::npos) break;
             start = comma + 1;

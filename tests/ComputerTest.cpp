@@ -1,5 +1,6 @@
 // The computer's choices on hand-built tables, and its turn stepped tick by tick.
 #include "GameFixture.h"
+#include "TableInvariants.h"
 
 namespace petal::test {
 namespace {
@@ -147,6 +148,31 @@ TEST_F(Computer, AFlipWithoutAMatchEndsTheTurnAtTheNextTick) {
     tick();
     EXPECT_EQ(f->m.mTurn, 0);
     EXPECT_EQ(f->m.mCompPhase, 4);
+}
+
+// A deal that begins while the flip pauses (a restart and a deal, as a peer's DEAL brings them)
+// starts the opposite side's turn from its first phase; the old turn does not step it on.
+TEST_F(Computer, ADealDuringTheFlipsPauseStartsItsOwnTurn) {
+    f->g.gGameType = 1;  // a tournament keeps the leader a deal is given
+    f->g.gRounds = 3;
+    dealWith({}, {44, 14, 18, 22, 26, 30, 34, 38}, {45, 0, 1, 2, 3, 4, 5, 6}, {39});
+    startOppositeTurn();
+    tick();
+    tick();
+    const unsigned before = f->dealer.serial();
+    host->schedule(host->now() + 700, [this] {
+        f->dealer.NewGame(true);
+        f->m.mTurn = 1;
+        f->dealer.DealCards();
+    });
+    tick();  // the flip of 39 pauses, and the new deal comes inside the pause
+    ASSERT_NE(f->dealer.serial(), before);
+    EXPECT_EQ(f->m.mCompPhase, 0);
+    EXPECT_TRUE(f->tmrComputer.Enabled());
+    EXPECT_EQ(sim::TableInvariants::check(*f), "");
+    ASSERT_TRUE(runOpponent());
+    EXPECT_EQ(f->m.mCompPlays, 1);
+    EXPECT_EQ(sim::TableInvariants::check(*f), "") << "the new deal's first turn is whole";
 }
 
 TEST_F(Computer, AnEighthTurnWithThePlayerBehindHandsTheTurnBack) {

@@ -78,7 +78,7 @@ bool GameFixture::runOpponent(std::int64_t limitMs) {
     return host->runUntil([this] { return !f->tmrComputer.Enabled() || f->g.gGameInProgress == 0; }, limitMs);
 }
 
-int GameFixture::tagOf(const Image& image) const { return static_cast<int>(Val(image.Tag)); }
+int GameFixture::tagOf(const Image& image) const { return static_cast<int>(image.Tag.value()); }
 
 int GameFixture::visibleTableFrames() const {
     return static_cast<int>(std::count_if(f->ctl.shpTHilite.begin(), f->ctl.shpTHilite.end(),

@@ -1,6 +1,7 @@
 // What the survivor of a lost connection sees in each phase of a game, the socket's errors,
 // the two cancel questions, and messages that no copy of the game would send.
 #include <algorithm>
+#include <memory>
 
 #include "NetFixture.h"
 #include "SimPlay.h"
@@ -40,7 +41,11 @@ protected:
             bool moved = false;
             for (Side* side : {&host, &client}) {
                 if (moved || side->host.waiting() || !sim::canMove(side->f())) continue;
-                act(*side, [&] { moved = sim::localMove(side->f(), first); });
+                // A move may pause (a flip's half second) and finish after act has returned: its
+                // result goes where it outlives this frame.
+                const auto made = std::make_shared<bool>(false);
+                act(*side, [made, side, &first] { *made = sim::localMove(side->f(), first); });
+                moved = *made;
             }
             if (!moved && !world.step()) return false;
         }

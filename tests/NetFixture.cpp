@@ -1,6 +1,7 @@
 #include "NetFixture.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "SimPlay.h"
 #include "Policy.h"
@@ -91,7 +92,11 @@ bool NetFixture::playUntil(const std::function<bool()>& done) {
         bool moved = false;
         for (Side* side : {&host, &client}) {
             if (moved || side->host.waiting() || !sim::canMove(side->f())) continue;
-            act(*side, [&] { moved = sim::localMove(side->f(), first); });
+            // A move may pause (a flip's half second) and finish after act has returned: its
+            // result goes where it outlives this frame.
+            const auto made = std::make_shared<bool>(false);
+            act(*side, [made, side, &first] { *made = sim::localMove(side->f(), first); });
+            moved = *made;
         }
         if (!moved && !world.step()) return false;
     }

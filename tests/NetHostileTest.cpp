@@ -44,6 +44,10 @@ public:
     }
     // The peer joins the host as its client and leads the deal.
     void joinAndDeal() {
+        join();
+        deal();
+    }
+    void join() {
         act(host, [&] { host.f().mnuSetup_Click(); });
         world.act(peer.host, [&] {
             peer.socket->RemoteHost = "127.0.0.1";
@@ -51,6 +55,8 @@ public:
             peer.socket->Connect();
         });
         ASSERT_TRUE(runUntil([&] { return peer.received.rfind("SEUP,", 0) == 0 && host.f().g.gConnectState == 7; }));
+    }
+    void deal() {
         act(host, [&] { host.f().m.mTurn = 1; });
         act(host, [&] { host.f().dealer.imgDeck_Click(); });
         ASSERT_TRUE(runUntil([&] { return peer.received.find("DEAL,") != std::string::npos; }));
@@ -64,7 +70,7 @@ public:
         const CardRecord& card = f.m.mCards[8];
         for (std::size_t slot = 0; slot < f.ctl.imgTCard.size(); ++slot)
             if (f.ctl.imgTCard[slot].hasPicture() &&
-                (card.isWild() || f.m.mCards[Val(f.ctl.imgTCard[slot].Tag)].Flower == card.Flower))
+                (card.isWild() || f.m.mCards[f.ctl.imgTCard[slot].Tag.value()].Flower == card.Flower))
                 return {0, static_cast<int>(slot)};
         return {0, -1};
     }
@@ -79,7 +85,7 @@ TEST_F(Hostile, AMoveInPiecesAndMovesInOneReadAreEachReplayedOnce) {
     send(move.substr(0, 6));
     world.advance(30);
     send(move.substr(6));
-    const int took = where < 0 ? -1 : static_cast<int>(Val(host.f().ctl.imgTCard[where].Tag));
+    const int took = where < 0 ? -1 : static_cast<int>(host.f().ctl.imgTCard[where].Tag.value());
     ASSERT_TRUE(runUntil([&] { return !moves.made.empty(); }));
     EXPECT_EQ(moves.made.size(), 1u) << "one move, taken once";
     EXPECT_EQ(moves.made[0].side, 1);
@@ -97,7 +103,7 @@ TEST_F(Hostile, AMoveInPiecesAndMovesInOneReadAreEachReplayedOnce) {
     {
         int framed = 0;
         while (!host.f().ctl.shpTHilite[framed].Visible) ++framed;
-        send("CHAT,a,b" + std::string("CARD,") + host.f().ctl.imgFlipCard.Tag + "," + std::to_string(framed));
+        send("CHAT,a,b" + std::string("CARD,") + host.f().ctl.imgFlipCard.Tag.text() + "," + std::to_string(framed));
         ASSERT_TRUE(runUntil([&] { return moves.made.size() == 2; }));
         EXPECT_EQ(moves.made[1].slot, framed);
         EXPECT_EQ(chat, std::vector<std::string>{"a,b"});
@@ -105,6 +111,23 @@ TEST_F(Hostile, AMoveInPiecesAndMovesInOneReadAreEachReplayedOnce) {
     ASSERT_TRUE(runUntil([&] { return host.f().m.mTurn == 0; }));
     EXPECT_EQ(host.f().m.mCompPlays, 1);
     EXPECT_EQ(host.f().g.gPlayMode, 1) << "nothing was out of step";
+}
+
+// A move that crossed a restart (or that no deal asked for) is void: the next deal replays
+// only the moves sent for it.
+TEST_F(Hostile, AMoveThatCameBeforeTheDealIsNotReplayedInIt) {
+    join();
+    send("CARD,1,-1");
+    world.advance(500);
+    deal();
+    const auto [slot, where] = legalHandMove();
+    const int took = where < 0 ? -1 : static_cast<int>(host.f().ctl.imgTCard[where].Tag.value());
+    send("CARD," + std::to_string(slot) + "," + std::to_string(where));
+    ASSERT_TRUE(runUntil([&] { return !moves.made.empty() || host.f().g.gPlayMode == 0; }));
+    EXPECT_EQ(host.f().g.gPlayMode, 1) << "nothing was out of step";
+    ASSERT_EQ(moves.made.size(), 1u);
+    EXPECT_EQ(moves.made[0].pos, 8) << "the move of slot 0, not the one that came before the deal";
+    EXPECT_EQ(moves.made[0].took, took);
 }
 
 struct Unfit {

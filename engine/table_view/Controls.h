@@ -3,9 +3,11 @@
 // Tag, picture identifier, tool tip, caption, z-order. The Qt view only draws these.
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "assets/Pictures.h"
+#include "engine/table_view/TagText.h"
 
 namespace petal {
 
@@ -16,19 +18,20 @@ struct Control {
     int Left = 0, Top = 0, Width = 0, Height = 0;  // twips, relative to the container
     bool Visible = true;
     bool Enabled = true;
-    std::string Tag;
+    TagText Tag;
     int ZOrder = 0;  // higher stands in front, within the container
 };
 
 struct Image : Control {
     PictureId Picture = NoPicture;
-    std::string ToolTipText;
+    // A card's text of the catalogue (cardToolTip), which lives as long as the program, or none.
+    std::string_view ToolTipText;
     bool hasPicture() const { return Picture != NoPicture; }
     // No picture, Tag "-1", no tool tip: the empty state of every card place.
     void clearCard() {
         Picture = NoPicture;
         Tag = "-1";
-        ToolTipText.clear();
+        ToolTipText = {};
     }
 };
 

@@ -61,7 +61,7 @@ void TableModel::layOutYakuRows() {
                   375, 600);
             thumb->Picture = pic::thumbGrey(i);
         }
-        imgPYaku[i].Tag = std::to_string(48 + i);
+        imgPYaku[i].Tag = 48 + i;
     }
     for (int g = 0; g < 8; ++g) {
         for (Label* label : {&lblCYaku[g], &lblPYaku[g]}) {

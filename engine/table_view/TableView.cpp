@@ -290,7 +290,10 @@ bool TableView::event(QEvent* event) {
     const Item* item = itemAt(help->pos(), all);
     QString tip;
     if (item && item->target == Target::Deck) tip = QString::fromStdString(game_.dealer.deckToolTip());
-    else if (item && item->kind == Kind::Image) tip = QString::fromStdString(static_cast<const Image*>(item->control)->ToolTipText);
+    else if (item && item->kind == Kind::Image) {
+        const std::string_view text = static_cast<const Image*>(item->control)->ToolTipText;
+        tip = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    }
     if (tip.isEmpty())
         QToolTip::hideText();
     else

@@ -25,7 +25,10 @@ public:
 
 private:
     struct Context;
-    static void entry(unsigned high, unsigned low);
+    static void entry(Fiber* fiber);
+    static void entryParts(unsigned high, unsigned low);  // makecontext passes ints only
+    void switchIn();
+    void switchOut();
 
     std::function<void()> body_;
     std::unique_ptr<Context> context_;

@@ -30,15 +30,20 @@ void SimHost::setDate(int year, int month, int day) {
 }
 
 void SimHost::timerChanged(Timer& timer) {
+    changed();
     if (timer.Enabled() && timer.Interval() > 0)
-        due_[&timer] = {now() + timer.Interval(), nextSeq()};
+        due_[&timer] = Key{now() + timer.Interval(), nextSeq()};
     else
         due_.erase(&timer);
 }
 
-void SimHost::timerRemoved(Timer& timer) { due_.erase(&timer); }
+void SimHost::timerRemoved(Timer& timer) {
+    changed();
+    due_.erase(&timer);
+}
 
 void SimHost::schedule(std::int64_t at, std::function<void()> call) {
+    changed();
     calls_.push_back({{std::max(at, now()), nextSeq()}, std::move(call)});
 }
 
@@ -56,6 +61,19 @@ Timer* SimHost::nextTimer() const {
 }
 
 std::optional<SimHost::Key> SimHost::nextKey() const {
+    if (!nextKnown_) {
+        next_ = findNextKey();
+        nextKnown_ = true;
+    }
+    return next_;
+}
+
+bool SimHost::idle() const {
+    const std::optional<Key> key = nextKey();
+    return !key || key->at > now();
+}
+
+std::optional<SimHost::Key> SimHost::findNextKey() const {
     std::optional<Key> best;
     if (Timer* timer = nextTimer()) best = due_.at(timer);
     for (const Call& c : calls_)
@@ -68,11 +86,14 @@ void SimHost::fire(Timer& timer, std::int64_t at) {
     // Periodic: the next tick falls on the interval grid after the one just fired; a tick that
     // came due while this one ran is dropped, as a platform timer coalesces them.
     due_.erase(&timer);
+    changed();
     timer.fire();
+    changed();  // the tick is over: the timer may come due again
     if (!timer.Enabled() || timer.Interval() <= 0 || due_.count(&timer)) return;
     std::int64_t next = at + timer.Interval();
     while (next <= now() && next > at) next += timer.Interval();
-    due_[&timer] = {next, nextSeq()};
+    due_[&timer] = Key{next, nextSeq()};
+    changed();
 }
 
 void SimHost::runNextDue() {
@@ -86,6 +107,7 @@ void SimHost::runNextDue() {
     const auto it = std::find_if(calls_.begin(), calls_.end(), [&](const Call& c) { return c.key.seq == key->seq; });
     std::function<void()> call = std::move(it->call);
     calls_.erase(it);
+    changed();
     if (key->at > now()) *clock_ = key->at;
     call();
 }

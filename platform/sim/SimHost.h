@@ -11,6 +11,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <vector>
 
 #include "platform/Host.h"
@@ -57,6 +58,7 @@ public:
     void timerChanged(Timer& timer) override;
     void timerRemoved(Timer& timer) override;
     void doEvents() override;
+    bool idle() const override;
     void waitUntil(const std::function<bool()>& done) override;
     // A call due now: it runs as the next event of this program.
     void post(std::function<void()> call) override { schedule(now(), std::move(call)); }
@@ -106,6 +108,8 @@ private:
     };
 
     std::optional<Key> nextKey() const;
+    std::optional<Key> findNextKey() const;
+    void changed() { nextKnown_ = false; }
     // Fires the earliest due event (timer or call), moving the clock to it.
     void runNextDue();
     void fire(Timer& timer, std::int64_t at);
@@ -118,8 +122,38 @@ private:
     std::uint64_t ownSeq_ = 0;
     std::int64_t* clock_ = &ownClock_;
     std::uint64_t* seq_ = &ownSeq_;
-    std::map<Timer*, Key> due_;
+    // The armed timers and when each is due: a handful, so a plain list.
+    struct DueTimers {
+        std::vector<std::pair<Timer*, Key>> list;
+        Key& operator[](Timer* timer) {
+            for (auto& entry : list)
+                if (entry.first == timer) return entry.second;
+            return list.emplace_back(timer, Key{}).second;
+        }
+        const Key& at(Timer* timer) const {
+            for (const auto& entry : list)
+                if (entry.first == timer) return entry.second;
+            throw std::out_of_range("a timer that is not due");
+        }
+        std::size_t count(Timer* timer) const {
+            for (const auto& entry : list)
+                if (entry.first == timer) return 1;
+            return 0;
+        }
+        void erase(Timer* timer) {
+            for (auto it = list.begin(); it != list.end(); ++it)
+                if (it->first == timer) {
+                    list.erase(it);
+                    return;
+                }
+        }
+        auto begin() const { return list.begin(); }
+        auto end() const { return list.end(); }
+    } due_;
     std::vector<Call> calls_;
+    // The earliest due event, kept until the timers or calls change (or a tick starts or ends).
+    mutable std::optional<Key> next_;
+    mutable bool nextKnown_ = false;
     std::int64_t clockBase_ = 12 * 3600;  // seconds of the day at virtual time 0
     int year_ = 2026, month_ = 11, day_ = 22;
     std::deque<Expected> script_;

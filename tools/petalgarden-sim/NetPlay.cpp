@@ -179,9 +179,11 @@ bool NetRun::tryMove(Side& side) {
         return true;
     }
     if (!canMove(f)) return false;
-    bool acted = false;
-    world_.act(side.host, [&] { acted = localMove(f, side.policy); });
-    return acted;
+    // A move may pause (a flip's half second) and finish after act has returned: its result
+    // goes where it outlives this frame.
+    const auto acted = std::make_shared<bool>(false);
+    world_.act(side.host, [acted, &f, &side] { *acted = localMove(f, side.policy); });
+    return *acted;
 }
 
 bool NetRun::check() {

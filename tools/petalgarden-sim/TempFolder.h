@@ -1,5 +1,6 @@
 #pragma once
-// A fresh folder under the system's temporary folder, removed with its contents at the end.
+// A fresh folder under the system's temporary folder (or another), removed with its contents
+// at the end.
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
@@ -9,8 +10,8 @@ namespace petal::sim {
 
 class TempFolder {
 public:
-    TempFolder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "petalgarden-XXXXXX").string();
+    explicit TempFolder(const std::filesystem::path& base = std::filesystem::temp_directory_path()) {
+        std::string pattern = (base / "petalgarden-XXXXXX").string();
         if (!::mkdtemp(pattern.data())) throw std::runtime_error("cannot make a temporary folder");
         path_ = pattern;
     }

@@ -105,7 +105,7 @@ void Tracer::snapshot(Record& r) const {
     r.where.fill(-1);
     const auto& c = f_.ctl;
     for (std::size_t slot = 0; slot < c.imgTCard.size(); ++slot)
-        if (c.imgTCard[slot].hasPicture()) r.where.at(Val(c.imgTCard[slot].Tag)) = 100 + static_cast<int>(slot);
+        if (c.imgTCard[slot].hasPicture()) r.where.at(c.imgTCard[slot].Tag.value()) = 100 + static_cast<int>(slot);
     std::array<int, 72> positionOf{};
     positionOf.fill(-1);
     for (int p = 0; p < 48; ++p) positionOf.at(f_.m.mCards[p].Picture) = p;

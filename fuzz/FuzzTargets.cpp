@@ -1,0 +1,23 @@
+#include "FuzzTargets.h"
+
+#include <unistd.h>
+
+#include "NetTarget.h"
+
+namespace petal::fuzz {
+
+std::vector<std::string> fuzzTargetNames() { return {"net"}; }
+
+std::unique_ptr<FuzzTarget> makeFuzzTarget(std::string_view name, const std::filesystem::path& scratch) {
+    if (name == "net") return std::make_unique<NetTarget>(scratch);
+    return nullptr;
+}
+
+std::filesystem::path fuzzScratch() {
+    const std::filesystem::path shm = "/dev/shm";
+    std::error_code ec;
+    if (std::filesystem::is_directory(shm, ec) && ::access(shm.c_str(), W_OK) == 0) return shm;
+    return std::filesystem::temp_directory_path();
+}
+
+}  // namespace petal::fuzz
