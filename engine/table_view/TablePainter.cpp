@@ -8,13 +8,7 @@ namespace petal {
 
 namespace {
 
-constexpr qreal kTwipsPerPixel = 15.0;
-
-// A control's rectangle in design pixels, inside a container at origin.
-QRectF designRect(const Control& c, QPointF origin) {
-    return QRectF(origin.x() + c.Left / kTwipsPerPixel, origin.y() + c.Top / kTwipsPerPixel, c.Width / kTwipsPerPixel,
-                  c.Height / kTwipsPerPixel);
-}
+QRectF designRect(const Control& c, QPointF origin) { return TableScale::designRect(c, origin); }
 
 QColor fromBgr(std::uint32_t bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
 

@@ -3,7 +3,22 @@
 #include <algorithm>
 #include <cmath>
 
+#include "engine/table_view/TableModel.h"
+
 namespace petal {
+
+namespace {
+constexpr qreal kTwipsPerPixel = 15.0;
+}
+
+QSizeF TableScale::designSize() {
+    return QSizeF(TableModel::kClientWidth / kTwipsPerPixel, TableModel::kClientHeight / kTwipsPerPixel);
+}
+
+QRectF TableScale::designRect(const Control& c, QPointF origin) {
+    return QRectF(origin.x() + c.Left / kTwipsPerPixel, origin.y() + c.Top / kTwipsPerPixel, c.Width / kTwipsPerPixel,
+                  c.Height / kTwipsPerPixel);
+}
 
 TableScale::TableScale(QSizeF view, QSizeF design, qreal dpr)
     : view_(view), dpr_(dpr > 0 ? dpr : 1),

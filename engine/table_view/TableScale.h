@@ -5,10 +5,17 @@
 #include <QRectF>
 #include <QSizeF>
 
+#include "engine/table_view/Controls.h"
+
 namespace petal {
 
 class TableScale {
 public:
+    // The designed table in design pixels, and a control's rectangle there, inside a container
+    // whose corner stands at origin.
+    static QSizeF designSize();
+    static QRectF designRect(const Control& c, QPointF origin);
+
     // The design fitted whole into a view of this size, on a screen of this pixel ratio.
     TableScale(QSizeF view, QSizeF design, qreal dpr);
 

@@ -18,51 +18,58 @@ namespace petal {
 
 namespace {
 
-constexpr qreal kTwipsPerPixel = 15.0;
 // How long the size must rest before the pictures are rendered for it.
 constexpr int kSettleMs = 150;
 
-QSizeF designSize() { return QSizeF(TableModel::kClientWidth / kTwipsPerPixel, TableModel::kClientHeight / kTwipsPerPixel); }
+QSizeF designSize() { return TableScale::designSize(); }
 
-QRectF pixels(const Control& c, QPointF origin) {
-    return QRectF(origin.x() + c.Left / kTwipsPerPixel, origin.y() + c.Top / kTwipsPerPixel,
-                  c.Width / kTwipsPerPixel, c.Height / kTwipsPerPixel);
-}
+QRectF pixels(const Control& c, QPointF origin) { return TableScale::designRect(c, origin); }
 
 void sortByZ(std::vector<TableView::Item>& list) {
     std::stable_sort(list.begin(), list.end(), [](const auto& a, const auto& b) { return a.control->ZOrder < b.control->ZOrder; });
 }
 
-using Place = TableFocus::Place;
-using Where = TableFocus::Kind;
-
 // The place of the keys that a clicked control stands for, if any.
-std::optional<Place> placeOf(TableView::Target target, int index) {
+std::optional<TableFocus::Place> placeOf(TableView::Target target, int index) {
+    using Where = TableFocus::Kind;
     switch (target) {
-        case TableView::Target::Table: return Place{Where::TableTop, 0};
-        case TableView::Target::TCard: return Place{Where::Table, index};
-        case TableView::Target::Deck: return Place{Where::Deck, 0};
-        case TableView::Target::PCard: return Place{Where::Hand, index};
-        case TableView::Target::PYaku: return Place{Where::Yaku, index};
+        case TableView::Target::Table: return TableFocus::Place{Where::TableTop, 0};
+        case TableView::Target::TCard: return TableFocus::Place{Where::Table, index};
+        case TableView::Target::Deck: return TableFocus::Place{Where::Deck, 0};
+        case TableView::Target::PCard: return TableFocus::Place{Where::Hand, index};
+        case TableView::Target::PYaku: return TableFocus::Place{Where::Yaku, index};
         default: return std::nullopt;
     }
 }
 
-TableView::Target targetOf(Where kind) {
-    switch (kind) {
-        case Where::TableTop: return TableView::Target::Table;
-        case Where::Table: return TableView::Target::TCard;
-        case Where::Deck: return TableView::Target::Deck;
-        case Where::Hand: return TableView::Target::PCard;
-        case Where::Yaku: return TableView::Target::PYaku;
+// The key of the table that a key event stands for, if any, and the hand slot of a digit.
+std::optional<TableKeys::Key> keyOf(const QKeyEvent& event, int& slot) {
+    using Key = TableKeys::Key;
+    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return std::nullopt;
+    const int key = event.key();
+    if (key >= Qt::Key_1 && key <= Qt::Key_8) {
+        slot = key - Qt::Key_1;
+        return Key::Card;
     }
-    return TableView::Target::None;
+    switch (key) {
+        case Qt::Key_Left: return Key::Left;
+        case Qt::Key_Right: return Key::Right;
+        case Qt::Key_Up: return Key::Up;
+        case Qt::Key_Down: return Key::Down;
+        case Qt::Key_Home: return Key::First;
+        case Qt::Key_End: return Key::Last;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Space: return Key::Use;
+        case Qt::Key_Escape: return Key::Close;
+        default: return std::nullopt;
+    }
 }
 
 }  // namespace
 
 TableView::TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidget* parent)
-    : QWidget(parent), game_(game), host_(host), pictures_(pictures), focus_(game.ctl) {
+    : QWidget(parent), game_(game), host_(host), pictures_(pictures), keys_(game) {
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -79,7 +86,7 @@ TableScale TableView::scale() const { return TableScale(size(), designSize(), de
 
 QRect TableView::tableArea() const {
     constexpr int kGap = 8;  // keeps a box's frame off the panels' rim
-    const QRectF area = scale().map(QRectF(0, 0, TableModel::kPanelLeft / kTwipsPerPixel, designSize().height()));
+    const QRectF area = scale().map(QRectF(0, 0, TableModel::kPanelLeft / 15.0, designSize().height()));
     return QRect(mapToGlobal(area.topLeft().toPoint()), QSize(qRound(area.width()) - kGap, qRound(area.height())));
 }
 
@@ -141,7 +148,7 @@ void TableView::paintEvent(QPaintEvent*) {
     TablePainter table(painter, pictures_, scale, !settled());
     table.paintBackground(game_.ctl.Picture, size());
     table.paintItems(items(), QPointF(0, 0));
-    if (focusShown_) table.paintFocusMark(focus_.control(focus_.place()));
+    if (keys_.markShown()) table.paintFocusMark(keys_.focus().control(keys_.focus().place()));
 }
 
 // While the size changes, each frame shows the pictures last rendered, stretched; once it
@@ -185,77 +192,27 @@ void TableView::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked = item && item->target == pressed_ && item->index == pressedIndex_ && event->button() == Qt::LeftButton;
     pressed_ = Target::None;
     if (!clicked) return;
-    // The keys go on from where the mouse acted; the mark waits for them.
-    focusShown_ = false;
     const Target target = item->target;
     const int index = item->index;
-    if (const auto place = placeOf(target, index)) focus_.choose(*place);
-    act(target, index);
-}
-
-void TableView::act(Target target, int index) {
     host_.dispatch([this, target, index] {
-        switch (target) {
-            case Target::PCard: game_.play.imgPCard_Click(index); break;
-            case Target::TCard: game_.play.imgTCard_Click(index); break;
-            case Target::Table: game_.play.imgTable_Click(); break;
-            case Target::Deck: game_.dealer.imgDeck_Click(); break;
-            case Target::PYaku: game_.yaku.imgPYaku_Click(index); break;
-            case Target::YakuClose: game_.yaku.cmdYakuClose_Click(); break;
-            default: break;
-        }
+        if (const auto place = placeOf(target, index)) keys_.click(*place);
+        else if (target == Target::YakuClose) game_.yaku.cmdYakuClose_Click();
     });
-    focus_.follow();
     update();
 }
 
-// The arrows, Home and End move the mark; Enter and Space use the place under it; 1 to 8 are
-// the hand's cards; Escape closes the yaku panel. A first key shows the mark and, unless it
-// names its own place, does nothing else, so that nothing is used unseen.
+// The keys of the table go to its key model; a held key moves the mark but uses nothing twice.
 void TableView::keyPressEvent(QKeyEvent* event) {
-    if ((event->modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier || !(moveKey(event->key()) || useKey(event->key()))) {
+    int slot = 0;
+    const auto key = keyOf(*event, slot);
+    if (!key || !keys_.takes(*key, slot)) {
         QWidget::keyPressEvent(event);
         return;
     }
-    if (event->isAutoRepeat() && !moveKey(event->key())) return;  // a held Enter plays one card
-    const bool shown = focusShown_;
-    focusShown_ = true;
-    const int key = event->key();
-    if (key >= Qt::Key_1 && key <= Qt::Key_8) {
-        const int slot = key - Qt::Key_1;
-        // As a click there: only a card place that shows and takes the mouse.
-        if (game_.ctl.imgPCard[slot].Visible && game_.ctl.imgPCard[slot].Enabled) {
-            focus_.choose({Where::Hand, slot});
-            act(Target::PCard, slot);
-        }
-        update();
-    } else if (key == Qt::Key_Escape) {
-        act(Target::YakuClose, 0);
-    } else if (!shown) {
-        update();
-    } else if (useKey(key)) {
-        const Place place = focus_.place();
-        focus_.choose(place);
-        act(targetOf(place.kind), place.index);
-    } else {
-        using Move = TableFocus::Move;
-        const Move move = key == Qt::Key_Left ? Move::Left : key == Qt::Key_Right ? Move::Right
-                        : key == Qt::Key_Up   ? Move::Up   : key == Qt::Key_Down  ? Move::Down
-                        : key == Qt::Key_Home ? Move::First : Move::Last;
-        focus_.move(move);
-        update();
-    }
-}
-
-bool TableView::moveKey(int key) const {
-    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down || key == Qt::Key_Home ||
-           key == Qt::Key_End;
-}
-
-// Escape counts only while the yaku panel stands, so that elsewhere it goes where it went before.
-bool TableView::useKey(int key) const {
-    if (key == Qt::Key_Escape) return game_.ctl.picYakuShow.Visible && game_.ctl.cmdYakuClose.Visible && game_.ctl.cmdYakuClose.Enabled;
-    return key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space || (key >= Qt::Key_1 && key <= Qt::Key_8);
+    const bool moves = *key != TableKeys::Key::Use && *key != TableKeys::Key::Card && *key != TableKeys::Key::Close;
+    if (event->isAutoRepeat() && !moves) return;
+    host_.dispatch([this, key, slot] { keys_.press(*key, slot); });
+    update();
 }
 
 void TableView::mouseMoveEvent(QMouseEvent* event) {

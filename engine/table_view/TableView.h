@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "engine/table_view/Controls.h"
-#include "engine/table_view/TableFocus.h"
+#include "engine/table_view/TableKeys.h"
 #include "engine/table_view/TableScale.h"
 
 namespace petal {
@@ -46,9 +46,8 @@ public:
     // The control that a point (in design pixels) falls on, topmost first; nullptr for the form.
     const Item* hitTest(QPointF point, const std::vector<Item>& all, QPointF* origin = nullptr) const;
 
-    const TableFocus& focus() const { return focus_; }
-    // Whether the focus mark shows: from the first key until the next click.
-    bool focusShown() const { return focusShown_; }
+    // The keys of the table and their mark, which shows from the first key until the next click.
+    const TableKeys& keys() const { return keys_; }
     // Whether the pictures stand rendered at the view's size (not in the midst of a resize).
     bool settled() const { return !settle_.isActive(); }
 
@@ -63,17 +62,12 @@ protected:
 
 private:
     const Item* itemAt(QPointF viewPoint, const std::vector<Item>& all) const;
-    bool moveKey(int key) const;
-    bool useKey(int key) const;
-    // Runs the click handler of a control: the one road of clicks and keys alike.
-    void act(Target target, int index);
     void mouseMoved(const Item* item);
 
     FrmMain& game_;
     QtHost& host_;
     PictureStore& pictures_;
-    TableFocus focus_;
-    bool focusShown_ = false;
+    TableKeys keys_;
     QTimer settle_;
     Target pressed_ = Target::None;
     int pressedIndex_ = -1;
