@@ -6,7 +6,7 @@
 namespace petal {
 
 TableFocus::TableFocus(const TableModel& table)
-    : c_(table), chosenX_(centreX(chosen_)), handX_(table.imgPCard[0].Left) {}
+    : c_(table), chosenX_(centreX(chosen_)), chosenY_(centreY(chosen_)), handX_(table.imgPCard[0].Left) {}
 
 int TableFocus::rowOf(Kind kind) {
     switch (kind) {
@@ -82,16 +82,26 @@ std::vector<TableFocus::Place> TableFocus::row(int r) const {
     return places;
 }
 
-TableFocus::Place TableFocus::nearest(const std::vector<Place>& places, int x) const {
-    return *std::min_element(places.begin(), places.end(),
-                             [this, x](Place a, Place b) { return std::abs(centreX(a) - x) < std::abs(centreX(b) - x); });
+int TableFocus::centreY(Place place) const {
+    if (place.kind == Kind::Table && (place.index < 0 || place.index >= static_cast<int>(c_.imgTCard.size())))
+        return c_.imgTCard[0].Top;
+    const Control& c = control(place);
+    return c.Top + c.Height / 2;
+}
+
+// Nearest across first, then up or down: from the hand, the lower of two table cards.
+TableFocus::Place TableFocus::nearest(const std::vector<Place>& places, int x, int y) const {
+    return *std::min_element(places.begin(), places.end(), [this, x, y](Place a, Place b) {
+        const int ax = std::abs(centreX(a) - x), bx = std::abs(centreX(b) - x);
+        return ax != bx ? ax < bx : std::abs(centreY(a) - y) < std::abs(centreY(b) - y);
+    });
 }
 
 TableFocus::Place TableFocus::place() const {
     if (usable(chosen_)) return chosen_;
     for (int r : {rowOf(chosen_.kind), int(HandRow), int(TableRow), int(YakuRow)}) {
         const std::vector<Place> places = row(r);
-        if (!places.empty()) return nearest(places, chosenX_);
+        if (!places.empty()) return nearest(places, chosenX_, chosenY_);
     }
     return {Kind::Deck, 0};
 }
@@ -99,6 +109,7 @@ TableFocus::Place TableFocus::place() const {
 void TableFocus::choose(Place place) {
     chosen_ = place;
     chosenX_ = centreX(place);
+    chosenY_ = centreY(place);
     if (place.kind == Kind::Hand) handX_ = chosenX_;
 }
 
@@ -109,7 +120,7 @@ void TableFocus::move(Move move) {
         for (int r = rowOf(here.kind) + step; r >= 0 && r < RowCount; r += step) {
             const std::vector<Place> places = row(r);
             if (places.empty()) continue;
-            choose(nearest(places, centreX(here)));
+            choose(nearest(places, centreX(here), centreY(here)));
             return;
         }
         return;
@@ -130,8 +141,10 @@ void TableFocus::move(Move move) {
 
 // A chosen hand card or a flipped card that waits goes to the first framed table card, or, with
 // nothing framed, to the table top where the card is laid down. A move that is over goes back
-// to the hand, near the card played last.
-void TableFocus::follow() {
+// to the hand, near the card played last. A table card that is still there was refused: the
+// mark stays on it, so that the player sees that nothing happened.
+void TableFocus::follow(Place used) {
+    if (used.kind == Kind::Yaku || (used.kind == Kind::Table && usable(used))) return;
     const std::vector<Place> table = tableRow();
     if (c_.shpFlipCard.Visible || c_.shpPHilite.Visible) {
         const bool framed = anyFramed();
@@ -144,7 +157,7 @@ void TableFocus::follow() {
     }
     if (rowOf(place().kind) != TableRow) return;
     const std::vector<Place> hand = row(HandRow);
-    if (!hand.empty()) choose(nearest(hand, handX_));
+    if (!hand.empty()) choose(nearest(hand, handX_, c_.imgPCard[0].Top));
 }
 
 }  // namespace petal

@@ -26,8 +26,9 @@ public:
     Place place() const;
     void choose(Place place);
     void move(Move move);
-    // After a place was used: on to where the game waits for the player next.
-    void follow();
+    // After a place of the table or the hand was used: on to where the game waits for the
+    // player next. A yaku picture used leaves the mark on it.
+    void follow(Place used);
     // Whether the place is worth a stop: a click would reach its control and could do something.
     bool usable(Place place) const;
     // The control of a place, on the form.
@@ -38,14 +39,15 @@ private:
     static int rowOf(Kind kind);
     std::vector<Place> row(int r) const;
     std::vector<Place> tableRow() const;
-    Place nearest(const std::vector<Place>& places, int x) const;
+    Place nearest(const std::vector<Place>& places, int x, int y) const;
     int centreX(Place place) const;
+    int centreY(Place place) const;
     bool anyFramed() const;
     static bool reachable(const Control& c) { return c.Visible && c.Enabled; }
 
     const TableModel& c_;
     Place chosen_;
-    int chosenX_;  // where the chosen place stood, for when its card has gone
+    int chosenX_, chosenY_;  // where the chosen place stood, for when its card has gone
     int handX_;    // where the last hand card chosen stood, for the return to the hand
 };
 

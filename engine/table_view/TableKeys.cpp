@@ -56,7 +56,7 @@ void TableKeys::use(Place place) {
         case Kind::Hand: game_.play.imgPCard_Click(place.index); break;
         case Kind::Yaku: game_.yaku.imgPYaku_Click(place.index); break;
     }
-    focus_.follow();
+    focus_.follow(place);
 }
 
 TableFocus::Move TableKeys::moveOf(Key key) {
