@@ -85,6 +85,35 @@ TEST_F(TableKeysTest, AWholeDealIsPlayedByKeysAlone) {
     EXPECT_EQ(moves, 8);
 }
 
+// Enter alone: the mark always goes on to where the game waits, so a deal never stalls.
+TEST_F(TableKeysTest, EnterAloneFollowsTheGameThroughAWholeDeal) {
+    f->events = &counter;
+    host->onForm = [](Form& form) { form.Unload(); };
+    host->onMsgBox = [](const MsgBox&) { return MsgResult::Yes; };
+    int presses = 0;
+    for (int guard = 0; counter.ended == 0 && guard < 10'000; ++guard) {
+        if (program->g.gGameInProgress == 1 && !localMayAct()) {
+            ASSERT_TRUE(host->step()) << "nothing left to run";
+            continue;
+        }
+        press(Key::Use);
+        ASSERT_LT(++presses, 60) << "the mark stalls on " << ::testing::PrintToString(at());
+    }
+    EXPECT_EQ(counter.ended, 1);
+}
+
+// A flipped card without a match is laid where the hand card just took one: the mark goes back
+// to the hand all the same, not onto the card that has come.
+TEST_F(TableKeysTest, TheMarkLeavesASlotThatAFlippedCardFilled) {
+    constexpr int kPaulowniaChaff = 47;
+    dealWith({kPineCrane}, {}, {kPineChaffA}, {kPaulowniaChaff});
+    press(Key::Card, 0);
+    ASSERT_EQ(at(), (Place{Kind::Table, 0}));
+    press(Key::Use);
+    ASSERT_EQ(tagOf(f->ctl.imgTCard[0]), 24) << "the flipped card lies in the slot taken from";
+    EXPECT_EQ(at().kind, Kind::Hand);
+}
+
 TEST_F(TableKeysTest, TheGuardsHoldForKeysAsForClicks) {
     dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain, kPineRibbon});
     press(Key::Card, 0);

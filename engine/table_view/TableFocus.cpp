@@ -141,10 +141,8 @@ void TableFocus::move(Move move) {
 
 // A chosen hand card or a flipped card that waits goes to the first framed table card, or, with
 // nothing framed, to the table top where the card is laid down. A move that is over goes back
-// to the hand, near the card played last. A table card that is still there was refused: the
-// mark stays on it, so that the player sees that nothing happened.
-void TableFocus::follow(Place used) {
-    if (used.kind == Kind::Yaku || (used.kind == Kind::Table && usable(used))) return;
+// to the hand, near the card played last.
+void TableFocus::follow() {
     const std::vector<Place> table = tableRow();
     if (c_.shpFlipCard.Visible || c_.shpPHilite.Visible) {
         const bool framed = anyFramed();

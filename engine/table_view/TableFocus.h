@@ -26,9 +26,8 @@ public:
     Place place() const;
     void choose(Place place);
     void move(Move move);
-    // After a place of the table or the hand was used: on to where the game waits for the
-    // player next. A yaku picture used leaves the mark on it.
-    void follow(Place used);
+    // After a place was used: on to where the game waits for the player next.
+    void follow();
     // Whether the place is worth a stop: a click would reach its control and could do something.
     bool usable(Place place) const;
     // The control of a place, on the form.

@@ -47,8 +47,12 @@ void TableKeys::click(Place place) {
 }
 
 // The one road of keys and clicks: the handler of the place's control, then the mark goes on
-// to where the game waits for the player next.
+// to where the game waits for the player next. It stays on a yaku picture, whose panel is no
+// move, and on a table card used with nothing chosen and no flipped card waiting: its handler
+// refuses that, and the mark staying shows that nothing happened.
 void TableKeys::use(Place place) {
+    const TableModel& c = game_.ctl;
+    const bool refused = place.kind == Kind::Table && !c.shpPHilite.Visible && !c.shpFlipCard.Visible;
     switch (place.kind) {
         case Kind::TableTop: game_.play.imgTable_Click(); break;
         case Kind::Table: game_.play.imgTCard_Click(place.index); break;
@@ -56,7 +60,7 @@ void TableKeys::use(Place place) {
         case Kind::Hand: game_.play.imgPCard_Click(place.index); break;
         case Kind::Yaku: game_.yaku.imgPYaku_Click(place.index); break;
     }
-    focus_.follow(place);
+    if (place.kind != Kind::Yaku && !refused) focus_.follow();
 }
 
 TableFocus::Move TableKeys::moveOf(Key key) {
