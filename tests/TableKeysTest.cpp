@@ -114,6 +114,21 @@ TEST_F(TableKeysTest, TheMarkLeavesASlotThatAFlippedCardFilled) {
     EXPECT_EQ(at().kind, Kind::Hand);
 }
 
+// While the other side's flipped card waits with its frames, a key on the hand is refused by
+// the hourglass, and the mark stays in the hand rather than going over to those frames.
+TEST_F(TableKeysTest, TheMarkDoesNotFollowTheOtherSidesFlippedCard) {
+    dealWith({kPineCrane}, {}, {kPineChaffA});
+    f->m.mTurn = 1;
+    f->setMousePointer(FrmMain::kPointerHourglass);
+    f->ctl.shpFlipCard.Visible = true;
+    f->ctl.shpTHilite[0].Visible = true;
+    press(Key::Card, 0);
+    EXPECT_FALSE(f->ctl.shpPHilite.Visible);
+    EXPECT_EQ(at(), (Place{Kind::Hand, 0}));
+    press(Key::Use);
+    EXPECT_EQ(at(), (Place{Kind::Hand, 0}));
+}
+
 TEST_F(TableKeysTest, TheGuardsHoldForKeysAsForClicks) {
     dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain, kPineRibbon});
     press(Key::Card, 0);

@@ -139,12 +139,13 @@ void TableFocus::move(Move move) {
     choose(places[next]);
 }
 
-// A chosen hand card or a flipped card that waits goes to the first framed table card, or, with
-// nothing framed, to the table top where the card is laid down. A move that is over goes back
-// to the hand, near the card played last.
-void TableFocus::follow() {
+// A chosen hand card or the player's flipped card that waits goes to the first framed table
+// card, or, with nothing framed, to the table top where the card is laid down. A move that is
+// over goes back to the hand, near the card played last. The opposite side's flipped card, with
+// its frames, is none of the player's business.
+void TableFocus::follow(bool localTurn) {
     const std::vector<Place> table = tableRow();
-    if (c_.shpFlipCard.Visible || c_.shpPHilite.Visible) {
+    if ((localTurn && c_.shpFlipCard.Visible) || c_.shpPHilite.Visible) {
         const bool framed = anyFramed();
         for (Place p : table)
             if ((framed && p.kind == Kind::Table) || (!framed && p.kind == Kind::TableTop)) {

@@ -26,8 +26,9 @@ public:
     Place place() const;
     void choose(Place place);
     void move(Move move);
-    // After a place was used: on to where the game waits for the player next.
-    void follow();
+    // After a place was used: on to where the game waits for the player next. localTurn: the
+    // turn is the local player's, so a flipped card that waits is theirs to place.
+    void follow(bool localTurn);
     // Whether the place is worth a stop: a click would reach its control and could do something.
     bool usable(Place place) const;
     // The control of a place, on the form.

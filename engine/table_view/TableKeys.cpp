@@ -47,12 +47,17 @@ void TableKeys::click(Place place) {
 }
 
 // The one road of keys and clicks: the handler of the place's control, then the mark goes on
-// to where the game waits for the player next. It stays on a yaku picture, whose panel is no
-// move, and on a table card used with nothing chosen and no flipped card waiting: its handler
-// refuses that, and the mark staying shows that nothing happened.
+// to where the game waits for the player next. It stays where the handler refuses the place:
+// a hand or table place while the other side moves (or the hourglass shows), a table card with
+// nothing chosen and no flipped card waiting; so the player sees that nothing happened, and the
+// mark does not wander to the other side's frames. A yaku picture, whose panel is no move,
+// keeps it too.
 void TableKeys::use(Place place) {
     const TableModel& c = game_.ctl;
-    const bool refused = place.kind == Kind::Table && !c.shpPHilite.Visible && !c.shpFlipCard.Visible;
+    const bool onTable = place.kind == Kind::Table || place.kind == Kind::TableTop;
+    const bool othersMove = game_.m.mTurn != 0 || game_.MousePointer() == FrmMain::kPointerHourglass;
+    const bool refused = ((onTable || place.kind == Kind::Hand) && othersMove) ||
+                         (place.kind == Kind::Table && !c.shpPHilite.Visible && !c.shpFlipCard.Visible);
     switch (place.kind) {
         case Kind::TableTop: game_.play.imgTable_Click(); break;
         case Kind::Table: game_.play.imgTCard_Click(place.index); break;
@@ -60,7 +65,7 @@ void TableKeys::use(Place place) {
         case Kind::Hand: game_.play.imgPCard_Click(place.index); break;
         case Kind::Yaku: game_.yaku.imgPYaku_Click(place.index); break;
     }
-    if (place.kind != Kind::Yaku && !refused) focus_.follow();
+    if (place.kind != Kind::Yaku && !refused) focus_.follow(game_.m.mTurn == 0);
 }
 
 TableFocus::Move TableKeys::moveOf(Key key) {
