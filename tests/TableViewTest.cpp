@@ -51,7 +51,7 @@ protected:
     std::unique_ptr<MainWindow> window;
 };
 
-TEST_F(TableViewTest, TheTableHasItsFixedClientAreaAndTheMenus) {
+TEST_F(TableViewTest, TheTableStartsAtItsDesignedClientAreaWithTheMenus) {
     EXPECT_EQ(window->table()->size(), QSize(790, 552));
     // The yaku panel, cut off at the bottom edge and by two pixels at the right, stands whole.
     program->frmMain.ctl.picYakuShow.Visible = true;
