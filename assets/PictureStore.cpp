@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QPainter>
 #include <QSvgRenderer>
+#include <algorithm>
 
 namespace petal {
 
@@ -56,14 +57,24 @@ QImage PictureStore::render(PictureId id, QSize pixelSize) {
     return image;
 }
 
-QPixmap PictureStore::pixmap(PictureId id, QSize logicalSize, qreal dpr) {
-    const Key key{id, logicalSize.width(), logicalSize.height(), qRound(dpr * 100)};
-    auto it = cache_.constFind(key);
-    if (it != cache_.constEnd()) return *it;
-    QPixmap pixmap = QPixmap::fromImage(render(id, (QSizeF(logicalSize) * dpr).toSize()));
+QPixmap PictureStore::pixmap(PictureId id, QSizeF logicalSize, qreal dpr) {
+    const QSize pixels = (logicalSize * dpr).toSize();
+    const Key key{id, pixels.width(), pixels.height(), qRound(dpr * 100)};
+    latest_.insert(id, key);
+    if (const QPixmap* kept = cache_.object(key)) return *kept;
+    QPixmap pixmap = QPixmap::fromImage(render(id, pixels));
     pixmap.setDevicePixelRatio(dpr);
-    cache_.insert(key, pixmap);
+    ++renders_;
+    const qsizetype kib = std::max<qsizetype>(1, qsizetype(pixels.width()) * pixels.height() * 4 / 1024);
+    cache_.insert(key, new QPixmap(pixmap), kib);  // one larger than the whole cache is not kept
     return pixmap;
+}
+
+QPixmap PictureStore::latest(PictureId id) const {
+    const auto it = latest_.constFind(id);
+    if (it == latest_.constEnd()) return {};
+    const QPixmap* kept = cache_.object(*it);
+    return kept ? *kept : QPixmap();
 }
 
 QPixmap PictureStore::pixmap(PictureId id, qreal dpr) {

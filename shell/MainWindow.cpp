@@ -3,7 +3,6 @@
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QLayout>
 #include <QMenuBar>
 
 #include "engine/table_view/TableView.h"
@@ -18,7 +17,9 @@ MainWindow::MainWindow(FrmMain& game, QtHost& host, PictureStore& pictures)
     setCentralWidget(table_);
     host_.tableArea = [this] { return table_->tableArea(); };
     buildMenus();
-    layout()->setSizeConstraint(QLayout::SetFixedSize);
+    // The designed size at the start, whatever the screen; the player may resize and maximise.
+    resize(sizeHint());
+    table_->setFocus();
     sync();
 }
 

@@ -38,8 +38,9 @@ void GameFixture::restart() {
     start();
 }
 
-void GameFixture::dealWith(std::initializer_list<int> hand, std::initializer_list<int> opposite,
-                           std::initializer_list<int> table, std::initializer_list<int> deck) {
+void dealWith(FrmMain& game, std::initializer_list<int> hand, std::initializer_list<int> opposite,
+              std::initializer_list<int> table, std::initializer_list<int> deck) {
+    FrmMain* f = &game;
     const std::vector<int> zones[4] = {hand, opposite, table, deck};
     const std::size_t sizes[4] = {8, 8, 8, 24};
     std::vector<bool> used(48, false);

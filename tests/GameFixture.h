@@ -10,10 +10,19 @@
 #include <vector>
 
 #include "cards/FrmCards.h"
+#include "engine/table_view/TableFocus.h"
 #include "platform/FatalError.h"
 #include "platform/Form.h"
 #include "shell/Program.h"
 #include "platform/sim/SimHost.h"
+
+namespace petal {
+// A place of the keys in a failure's message: "Hand 3".
+inline void PrintTo(const TableFocus::Place& place, std::ostream* out) {
+    static const char* const kinds[] = {"TableTop", "Table", "Deck", "Hand", "Yaku"};
+    *out << kinds[static_cast<int>(place.kind)] << ' ' << place.index;
+}
+}  // namespace petal
 
 namespace petal::test {
 
@@ -28,6 +37,11 @@ private:
     std::filesystem::path path_;
 };
 
+// Deals with the given catalogue indices at positions 0.. (the rest follow in catalogue order):
+// the local hand, the opposite hand, the table, then the deck.
+void dealWith(FrmMain& f, std::initializer_list<int> hand, std::initializer_list<int> opposite,
+              std::initializer_list<int> table, std::initializer_list<int> deck = {});
+
 class GameFixture : public ::testing::Test {
 protected:
     GameFixture();
@@ -36,10 +50,10 @@ protected:
     void start();
     // A fresh host and program in the same folder, started again.
     void restart();
-    // Deals with the given catalogue indices at positions 0.. (the rest follow in catalogue
-    // order): the local hand, the opposite hand, the table, then the deck.
     void dealWith(std::initializer_list<int> hand, std::initializer_list<int> opposite,
-                  std::initializer_list<int> table, std::initializer_list<int> deck = {});
+                  std::initializer_list<int> table, std::initializer_list<int> deck = {}) {
+        test::dealWith(*f, hand, opposite, table, deck);
+    }
     // Runs the simulated clock until the local player may act again or the deal has ended.
     bool runOpponent(std::int64_t limitMs = 60'000);
 

@@ -1,12 +1,16 @@
 #include "engine/table_view/TableView.h"
 
 #include <QHelpEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QToolTip>
 #include <algorithm>
+#include <optional>
 
 #include "assets/PictureStore.h"
+#include "engine/table_view/TablePainter.h"
 #include "shell/FrmMain.h"
 #include "platform/qt/QtHost.h"
 
@@ -14,44 +18,76 @@ namespace petal {
 
 namespace {
 
-constexpr qreal kTwipsPerPixel = 15.0;
+// How long the size must rest before the pictures are rendered for it.
+constexpr int kSettleMs = 150;
 
-QRectF pixels(const Control& c, QPointF origin) {
-    return QRectF(origin.x() + c.Left / kTwipsPerPixel, origin.y() + c.Top / kTwipsPerPixel,
-                  c.Width / kTwipsPerPixel, c.Height / kTwipsPerPixel);
-}
+QSizeF designSize() { return TableScale::designSize(); }
 
-QColor fromBgr(std::uint32_t bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
-
-// The nearest fonts that Debian ships for the classic names.
-QFont fontFor(const FontSpec& style) {
-    QFont font(style.family == "Times New Roman" ? QStringLiteral("Liberation Serif") : QStringLiteral("Liberation Sans"));
-    font.setPointSizeF(style.points);
-    font.setBold(style.bold);
-    return font;
-}
+QRectF pixels(const Control& c, QPointF origin) { return TableScale::designRect(c, origin); }
 
 void sortByZ(std::vector<TableView::Item>& list) {
     std::stable_sort(list.begin(), list.end(), [](const auto& a, const auto& b) { return a.control->ZOrder < b.control->ZOrder; });
 }
 
+// The place of the keys that a clicked control stands for, if any.
+std::optional<TableFocus::Place> placeOf(TableView::Target target, int index) {
+    using Where = TableFocus::Kind;
+    switch (target) {
+        case TableView::Target::Table: return TableFocus::Place{Where::TableTop, 0};
+        case TableView::Target::TCard: return TableFocus::Place{Where::Table, index};
+        case TableView::Target::Deck: return TableFocus::Place{Where::Deck, 0};
+        case TableView::Target::PCard: return TableFocus::Place{Where::Hand, index};
+        case TableView::Target::PYaku: return TableFocus::Place{Where::Yaku, index};
+        default: return std::nullopt;
+    }
+}
+
+// The key of the table that a key event stands for, if any, and the hand slot of a digit.
+std::optional<TableKeys::Key> keyOf(const QKeyEvent& event, int& slot) {
+    using Key = TableKeys::Key;
+    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return std::nullopt;
+    const int key = event.key();
+    if (key >= Qt::Key_1 && key <= Qt::Key_8) {
+        slot = key - Qt::Key_1;
+        return Key::Card;
+    }
+    switch (key) {
+        case Qt::Key_Left: return Key::Left;
+        case Qt::Key_Right: return Key::Right;
+        case Qt::Key_Up: return Key::Up;
+        case Qt::Key_Down: return Key::Down;
+        case Qt::Key_Home: return Key::First;
+        case Qt::Key_End: return Key::Last;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Space: return Key::Use;
+        case Qt::Key_Escape: return Key::Close;
+        default: return std::nullopt;
+    }
+}
+
 }  // namespace
 
 TableView::TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidget* parent)
-    : QWidget(parent), game_(game), host_(host), pictures_(pictures) {
+    : QWidget(parent), game_(game), host_(host), pictures_(pictures), keys_(game) {
     setMouseTracking(true);
-    setFixedSize(sizeHint());
+    setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    settle_.setSingleShot(true);
+    settle_.setInterval(kSettleMs);
+    connect(&settle_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
 }
 
-QSize TableView::sizeHint() const {
-    return QSize(qRound(TableModel::kClientWidth / kTwipsPerPixel), qRound(TableModel::kClientHeight / kTwipsPerPixel));
-}
+QSize TableView::sizeHint() const { return designSize().toSize(); }
+
+QSize TableView::minimumSizeHint() const { return (designSize() / 2).toSize(); }
+
+TableScale TableView::scale() const { return TableScale(size(), designSize(), devicePixelRatioF()); }
 
 QRect TableView::tableArea() const {
     constexpr int kGap = 8;  // keeps a box's frame off the panels' rim
-    const int width = qRound(TableModel::kPanelLeft / kTwipsPerPixel) - kGap;
-    return QRect(mapToGlobal(QPoint(0, 0)), QSize(width, height()));
+    const QRectF area = scale().map(QRectF(0, 0, TableModel::kPanelLeft / 15.0, designSize().height()));
+    return QRect(mapToGlobal(area.topLeft().toPoint()), QSize(qRound(area.width()) - kGap, qRound(area.height())));
 }
 
 std::vector<TableView::Item> TableView::items() const {
@@ -105,74 +141,21 @@ std::vector<TableView::Item> TableView::items() const {
 void TableView::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal dpr = devicePixelRatioF();
+    // The ratio of the device painted on: the screen's, or that of an image the view renders into.
+    const qreal dpr = painter.paintEngine()->paintDevice()->devicePixelRatioF();
+    const TableScale scale(size(), designSize(), dpr);
     painter.fillRect(rect(), QColor(12, 40, 30));
-    if (game_.ctl.Picture != NoPicture) painter.drawPixmap(QPointF(0, 0), pictures_.pixmap(game_.ctl.Picture, dpr));
-    paintItems(painter, items(), QPointF(0, 0));
+    TablePainter table(painter, pictures_, scale, !settled());
+    table.paintBackground(game_.ctl.Picture, size());
+    table.paintItems(items(), QPointF(0, 0));
+    if (keys_.markShown()) table.paintFocusMark(keys_.focus().control(keys_.focus().place()));
 }
 
-void TableView::paintItems(QPainter& painter, const std::vector<Item>& list, QPointF origin) {
-    for (const Item& item : list) {
-        if (!item.control->Visible) continue;
-        paintItem(painter, item, origin);
-        if (item.children.empty()) continue;
-        const QRectF area = pixels(*item.control, origin);
-        painter.save();
-        painter.setClipRect(area);
-        paintItems(painter, item.children, area.topLeft());
-        painter.restore();
-    }
-}
-
-void TableView::paintItem(QPainter& painter, const Item& item, QPointF origin) {
-    const QRectF area = pixels(*item.control, origin);
-    const qreal dpr = devicePixelRatioF();
-    switch (item.kind) {
-        case Kind::Image: {
-            const auto& image = static_cast<const Image&>(*item.control);
-            if (image.hasPicture()) painter.drawPixmap(area.topLeft(), pictures_.pixmap(image.Picture, area.size().toSize(), dpr));
-            break;
-        }
-        case Kind::Box: {
-            const auto& box = static_cast<const PictureBox&>(*item.control);
-            if (box.Picture != NoPicture)
-                painter.drawPixmap(area.topLeft(), pictures_.pixmap(box.Picture, area.size().toSize(), dpr));
-            else {
-                // The yaku panel has no picture: a lacquer plate with a gold rim, like the others.
-                painter.setPen(QPen(QColor(196, 160, 84), 1.5));
-                painter.setBrush(QColor(34, 24, 22, 240));
-                painter.drawRoundedRect(area.adjusted(0.75, 0.75, -0.75, -0.75), 4, 4);
-            }
-            break;
-        }
-        case Kind::Shape: {
-            const auto& shape = static_cast<const Shape&>(*item.control);
-            const qreal w = shape.BorderWidth;
-            painter.setPen(QPen(fromBgr(shape.BorderColor), w, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-            painter.setBrush(Qt::NoBrush);
-            painter.drawRect(area.adjusted(w / 2, w / 2, -w / 2, -w / 2));
-            break;
-        }
-        case Kind::Label: {
-            const auto& label = static_cast<const Label&>(*item.control);
-            painter.setPen(fromBgr(label.ForeColor));
-            painter.setFont(fontFor(label.font));
-            const Qt::Alignment align = label.alignment == Alignment::Center ? Qt::AlignHCenter
-                                        : label.alignment == Alignment::Right ? Qt::AlignRight
-                                                                              : Qt::AlignLeft;
-            painter.drawText(area, align | Qt::AlignVCenter, QString::fromStdString(label.Caption));
-            break;
-        }
-        case Kind::Button: {
-            const auto& button = static_cast<const Button&>(*item.control);
-            painter.setPen(QColor(238, 216, 140));
-            painter.setBrush(QColor(90, 24, 30));
-            painter.drawRoundedRect(area.adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
-            painter.setFont(fontFor({"MS Sans Serif", 8, true}));
-            painter.drawText(area, Qt::AlignCenter, QString::fromStdString(button.Caption));
-            break;
-        }
-    }
+// While the size changes, each frame shows the pictures last rendered, stretched; once it
+// rests, they are rendered for it. A drag through many sizes renders only where it stops.
+void TableView::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (isVisible()) settle_.start();
 }
 
 const TableView::Item* TableView::hitTest(QPointF point, const std::vector<Item>& all, QPointF* origin) const {
@@ -192,42 +175,49 @@ const TableView::Item* TableView::hitTest(QPointF point, const std::vector<Item>
     return nullptr;
 }
 
+const TableView::Item* TableView::itemAt(QPointF viewPoint, const std::vector<Item>& all) const {
+    return hitTest(scale().toDesign(viewPoint), all);
+}
+
 void TableView::mousePressEvent(QMouseEvent* event) {
     const auto all = items();
-    const Item* item = hitTest(event->position(), all);
+    const Item* item = itemAt(event->position(), all);
     pressed_ = item ? item->target : Target::None;
     pressedIndex_ = item ? item->index : -1;
 }
 
 void TableView::mouseReleaseEvent(QMouseEvent* event) {
     const auto all = items();
-    const Item* item = hitTest(event->position(), all);
-    if (item && item->target == pressed_ && item->index == pressedIndex_ && event->button() == Qt::LeftButton) {
-        const Item copy{item->control, item->kind, item->target, item->index, {}};
-        click(copy);
-    }
+    const Item* item = itemAt(event->position(), all);
+    const bool clicked = item && item->target == pressed_ && item->index == pressedIndex_ && event->button() == Qt::LeftButton;
     pressed_ = Target::None;
+    if (!clicked) return;
+    const Target target = item->target;
+    const int index = item->index;
+    host_.dispatch([this, target, index] {
+        if (const auto place = placeOf(target, index)) keys_.click(*place);
+        else if (target == Target::YakuClose) game_.yaku.cmdYakuClose_Click();
+    });
+    update();
 }
 
-void TableView::click(const Item& item) {
-    const int i = item.index;
-    host_.dispatch([this, &item, i] {
-        switch (item.target) {
-            case Target::PCard: game_.play.imgPCard_Click(i); break;
-            case Target::TCard: game_.play.imgTCard_Click(i); break;
-            case Target::Table: game_.play.imgTable_Click(); break;
-            case Target::Deck: game_.dealer.imgDeck_Click(); break;
-            case Target::PYaku: game_.yaku.imgPYaku_Click(i); break;
-            case Target::YakuClose: game_.yaku.cmdYakuClose_Click(); break;
-            default: break;
-        }
-    });
+// The keys of the table go to its key model; a held key moves the mark but uses nothing twice.
+void TableView::keyPressEvent(QKeyEvent* event) {
+    int slot = 0;
+    const auto key = keyOf(*event, slot);
+    if (!key || !keys_.takes(*key, slot)) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const bool moves = *key != TableKeys::Key::Use && *key != TableKeys::Key::Card && *key != TableKeys::Key::Close;
+    if (event->isAutoRepeat() && !moves) return;
+    host_.dispatch([this, key, slot] { keys_.press(*key, slot); });
     update();
 }
 
 void TableView::mouseMoveEvent(QMouseEvent* event) {
     const auto all = items();
-    mouseMoved(hitTest(event->position(), all));
+    mouseMoved(itemAt(event->position(), all));
 }
 
 void TableView::mouseMoved(const Item* item) {
@@ -254,7 +244,7 @@ bool TableView::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
     auto* help = static_cast<QHelpEvent*>(event);
     const auto all = items();
-    const Item* item = hitTest(help->pos(), all);
+    const Item* item = itemAt(help->pos(), all);
     QString tip;
     if (item && item->target == Target::Deck) tip = QString::fromStdString(game_.dealer.deckToolTip());
     else if (item && item->kind == Kind::Image) {

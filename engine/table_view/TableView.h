@@ -1,9 +1,14 @@
 #pragma once
-// Draws the table model and forwards clicks, mouse moves and tool tips to the game's handlers.
+// Draws the table model at any size, one picture scaled uniformly and centred, and forwards
+// clicks, keys, mouse moves and tool tips to the game's handlers. The game knows nothing of
+// the scale: hit tests work in design pixels (15 twips each).
+#include <QTimer>
 #include <QWidget>
 #include <vector>
 
 #include "engine/table_view/Controls.h"
+#include "engine/table_view/TableKeys.h"
+#include "engine/table_view/TableScale.h"
 
 namespace petal {
 
@@ -16,10 +21,14 @@ class TableView : public QWidget {
 public:
     TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidget* parent = nullptr);
 
+    // The designed size is the default; half of it is the least.
     QSize sizeHint() const override;
-    // The table beside the score panels, in screen pixels.
+    QSize minimumSizeHint() const override;
+    // The table beside the score panels, in screen pixels, as it stands scaled.
     QRect tableArea() const;
     void applyMousePointer(int pointer);
+    // The design in the view as it is now.
+    TableScale scale() const;
 
     // What a control answers to; None for controls without handlers.
     enum class Target { None, PCard, TCard, Table, Deck, PYaku, Pile00, Picture1, Picture2, YakuPanel, YakuShow, YakuClose };
@@ -34,25 +43,32 @@ public:
 
     // Every control in drawing order (back to front), panels with their children.
     std::vector<Item> items() const;
-    // The control that a point (in pixels) falls on, topmost first; nullptr for the form.
+    // The control that a point (in design pixels) falls on, topmost first; nullptr for the form.
     const Item* hitTest(QPointF point, const std::vector<Item>& all, QPointF* origin = nullptr) const;
+
+    // The keys of the table and their mark, which shows from the first key until the next click.
+    const TableKeys& keys() const { return keys_; }
+    // Whether the pictures stand rendered at the view's size (not in the midst of a resize).
+    bool settled() const { return !settle_.isActive(); }
 
 protected:
     void paintEvent(QPaintEvent*) override;
+    void resizeEvent(QResizeEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
     void mouseReleaseEvent(QMouseEvent*) override;
     void mouseMoveEvent(QMouseEvent*) override;
+    void keyPressEvent(QKeyEvent*) override;
     bool event(QEvent*) override;
 
 private:
-    void paintItems(class QPainter& painter, const std::vector<Item>& list, QPointF origin);
-    void paintItem(class QPainter& painter, const Item& item, QPointF origin);
-    void click(const Item& item);
+    const Item* itemAt(QPointF viewPoint, const std::vector<Item>& all) const;
     void mouseMoved(const Item* item);
 
     FrmMain& game_;
     QtHost& host_;
     PictureStore& pictures_;
+    TableKeys keys_;
+    QTimer settle_;
     Target pressed_ = Target::None;
     int pressedIndex_ = -1;
 };

@@ -1,0 +1,179 @@
+// The table scaled to 1x, 1.5x and 2x its designed size, offscreen: clicks and tool tips at the
+// scaled places reach the controls there, keys reach the same handlers, and each picture is
+// rendered once for the device pixels it fills, then copied pixel for pixel.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QTest>
+#include <QToolTip>
+
+#include "GameFixture.h"
+#include "cards/FrmCards.h"
+#include "ViewStart.h"
+#include "assets/PictureStore.h"
+#include "engine/table_view/TableView.h"
+#include "shell/FormDialogs.h"
+#include "shell/MainWindow.h"
+#include "platform/qt/QtHost.h"
+
+namespace petal::test {
+namespace {
+
+using Kind = TableFocus::Kind;
+using Place = TableFocus::Place;
+
+constexpr int kPineCrane = 0, kPlumWarbler = 4, kPineChaffA = 2, kCherryCurtain = 8;
+
+class ScaledTable : public ::testing::TestWithParam<double> {
+protected:
+    void SetUp() override {
+        program = std::make_unique<Program>(host);
+        window = std::make_unique<MainWindow>(program->frmMain, host, pictures);
+        host.setMainWidget(window.get());
+        host.onModelChanged = [this] { window->sync(); };
+        registerFormDialogs(host, pictures);
+        startPastSplash(host, *program);
+        view = window->table();
+        const QSize wanted = (TableScale::designSize() * GetParam()).toSize();
+        window->resize(window->size() + wanted - view->size());
+        QTRY_COMPARE(view->size(), wanted);
+        QTRY_VERIFY(view->settled());
+    }
+    void TearDown() override { program->g.gGameInProgress = 0; }  // so that closing asks nothing
+
+    FrmMain& game() { return program->frmMain; }
+    QRectF shown(const Control& c) const { return view->scale().map(TableScale::designRect(c, QPointF(0, 0))); }
+    QPoint centre(const Control& c) const { return shown(c).center().toPoint(); }
+    void click(const Control& c) { QTest::mouseClick(view, Qt::LeftButton, {}, centre(c)); }
+    QString toolTipAt(QPoint at) {
+        QHelpEvent help(QEvent::ToolTip, at, view->mapToGlobal(at));
+        QApplication::sendEvent(view, &help);
+        return QToolTip::text();
+    }
+    bool inLocalPiles(int catalogueIndex) const {
+        const PictureId face = FrmCards::card(catalogueIndex + 1).Picture;
+        for (const auto& row : program->frmMain.ctl.panel[0].piles)
+            for (const Image& card : row)
+                if (card.Picture == face) return true;
+        return false;
+    }
+    // The view painted into an image of this pixel ratio, as a screen of that ratio shows it.
+    QImage paintAt(qreal dpr) {
+        QImage image((QSizeF(view->size()) * dpr).toSize(), QImage::Format_ARGB32_Premultiplied);
+        image.setDevicePixelRatio(dpr);
+        view->render(&image);
+        return image;
+    }
+
+    TempDir dir;
+    QtHost host{dir.path()};
+    PictureStore pictures;
+    std::unique_ptr<Program> program;
+    std::unique_ptr<MainWindow> window;
+    TableView* view = nullptr;
+};
+
+TEST_P(ScaledTable, ClicksAndToolTipsReachTheControlsAtTheirScaledPlaces) {
+    ASSERT_NEAR(view->scale().factor(), GetParam(), 0.01);
+    EXPECT_EQ(toolTipAt(centre(game().ctl.imgDeck)), "Click the deck to deal.");
+    click(game().ctl.imgDeck);
+    ASSERT_EQ(program->g.gGameInProgress, 1);
+
+    dealWith(game(), {kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain});
+    const TableModel& c = game().ctl;
+    for (int i = 0; i < 8; ++i) {
+        click(c.imgPCard[i]);
+        EXPECT_EQ(c.shpPHilite.Tag, std::to_string(i)) << "hand card " << i;
+        EXPECT_EQ(toolTipAt(centre(c.imgPCard[i])).toStdString(), c.imgPCard[i].ToolTipText);
+        click(c.imgPCard[i]);  // undone again
+        ASSERT_FALSE(c.shpPHilite.Visible);
+    }
+    // With nothing chosen a table card's handler refuses, and the keys go on from the card.
+    for (int j = 0; j < 8; ++j) {
+        click(c.imgTCard[j]);
+        EXPECT_EQ(view->keys().focus().place(), (Place{Kind::Table, j})) << "table card " << j;
+    }
+    // A pixel inside the hand card's scaled edge is the card; one beyond it, where the design
+    // leaves a gap to the next card, is not.
+    const QRectF card = shown(c.imgPCard[0]);
+    QTest::mouseClick(view, Qt::LeftButton, {}, QPoint(int(card.right()) - 1, int(card.center().y())));
+    EXPECT_TRUE(c.shpPHilite.Visible);
+    QTest::mouseClick(view, Qt::LeftButton, {}, QPoint(int(card.right()) + 1, int(card.center().y())));
+    EXPECT_EQ(c.shpPHilite.Tag, "0") << "the gap is the form's: the choice stands";
+
+    click(c.imgTCard[0]);  // the pine crane takes the pine chaff
+    EXPECT_FALSE(c.imgPCard[0].hasPicture());
+    EXPECT_TRUE(inLocalPiles(kPineChaffA));
+}
+
+// The keys reach the view through Qt's events: the mark shows, a digit chooses a card, Enter
+// takes the framed card, and a key the table does not use goes on to the window.
+TEST_P(ScaledTable, KeysGoThroughTheViewToTheSameHandlers) {
+    click(game().ctl.imgDeck);
+    dealWith(game(), {kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain});
+    const TableModel& c = game().ctl;
+    view->setFocus();
+    QTest::keyClick(view, Qt::Key_1);
+    EXPECT_TRUE(view->keys().markShown());
+    EXPECT_EQ(c.shpPHilite.Tag, "0");
+    EXPECT_EQ(view->keys().focus().place(), (Place{Kind::Table, 0}));
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
+    QApplication::sendEvent(view, &held);
+    EXPECT_TRUE(c.imgPCard[0].hasPicture()) << "a held Enter uses nothing";
+    QTest::keyClick(view, Qt::Key_Return);
+    EXPECT_FALSE(c.imgPCard[0].hasPicture());
+    EXPECT_TRUE(inLocalPiles(kPineChaffA));
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(view, &escape);
+    EXPECT_FALSE(escape.isAccepted()) << "Escape with the yaku panel closed is not the table's";
+}
+
+TEST_P(ScaledTable, PicturesAreRenderedOnceForTheDevicePixelsTheyFill) {
+    click(game().ctl.imgDeck);
+    const Image& card = game().ctl.imgPCard[3];
+    for (const qreal dpr : {view->devicePixelRatioF(), 1.5, 2.0}) {
+        const QImage painted = paintAt(dpr);
+        const QPixmap kept = pictures.latest(card.Picture);
+        const QRectF area = TableScale(view->size(), TableScale::designSize(), dpr).map(TableScale::designRect(card, {}));
+        ASSERT_EQ(kept.size(), (area.size() * dpr).toSize()) << "at " << dpr << ": rendered for the device, not scaled up";
+        EXPECT_EQ(kept.devicePixelRatio(), dpr);
+        // The card on the table is the rendering, copied pixel for pixel (its rounded corners
+        // left out, where the table shows through).
+        const QRect pixels((area.topLeft() * dpr).toPoint(), kept.size());
+        const QRect inner = QRect(QPoint(0, 0), kept.size()).adjusted(8, 8, -8, -8);
+        EXPECT_EQ(painted.copy(pixels).copy(inner), kept.toImage().convertToFormat(painted.format()).copy(inner)) << "at " << dpr;
+
+        const int renders = pictures.renderCount();
+        paintAt(dpr);
+        EXPECT_EQ(pictures.renderCount(), renders) << "a second paint at the same size renders nothing";
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scales, ScaledTable, ::testing::Values(1.0, 1.5, 2.0),
+                         [](const auto& info) { return "x" + std::to_string(int(info.param * 10)); });
+
+// Run again on a screen of ratio 2 (QT_SCALE_FACTOR, with PETAL_SCREEN_DPR naming the ratio): the
+// window's own pictures are then at 2x.
+TEST(ScaledTableScreen, TheViewPaintsAtTheScreensRatio) {
+    const QString expected = qEnvironmentVariable("PETAL_SCREEN_DPR");
+    if (expected.isEmpty()) GTEST_SKIP() << "run by the suite on a screen of ratio 2";
+    TempDir dir;
+    QtHost host(dir.path());
+    PictureStore pictures;
+    Program program(host);
+    MainWindow window(program.frmMain, host, pictures);
+    host.setMainWidget(&window);
+    registerFormDialogs(host, pictures);
+    startPastSplash(host, program);
+    ASSERT_EQ(window.table()->devicePixelRatioF(), expected.toDouble());
+    const QPixmap grabbed = window.table()->grab();
+    EXPECT_EQ(grabbed.devicePixelRatio(), expected.toDouble());
+    const QPixmap deck = pictures.latest(program.frmMain.ctl.imgDeck.Picture);
+    EXPECT_EQ(deck.devicePixelRatio(), expected.toDouble());
+    EXPECT_EQ(deck.deviceIndependentSize().toSize(), QSize(50, 80));
+}
+
+}  // namespace
+}  // namespace petal::test
