@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # Installs what is missing on a Debian machine, configures and builds, then plays or tests.
 #   ./setup.sh play    build and start the game
-#   ./setup.sh test    build and run the whole test suite headless
+#   ./setup.sh test    build and run the whole test suite headless, then the core's tests, the
+#                      seeded fuzzers and a faulted network soak under ASan and UBSan in build-asan/
 #   ./setup.sh fuzz [RUNS] [net]
 #                      build the libFuzzer targets with clang and the sanitizers in build-fuzz/
 #                      and fuzz one (net; default 1000000 inputs); clang is needed only here
@@ -42,8 +43,26 @@ cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=O
 # Only warnings and errors are shown: the build says nothing when all is up to date.
 cmake --build "$build" -j "$(nproc)" -- --no-print-directory -s 2>&1 | { grep -v -E '^\[ *[0-9]+%\] Built target' || true; }
 
+# The core under AddressSanitizer and UndefinedBehaviorSanitizer: any report ends the run with
+# a failure (leaks included).
+sanitized() {
+    local asan=build-asan
+    cmake -S . -B "$asan" -DPETAL_SANITIZE=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=OFF >/dev/null
+    cmake --build "$asan" -j "$(nproc)" --target core_tests petalgarden-sim petalgarden-fuzz-seeded \
+        -- --no-print-directory -s 2>&1 | { grep -v -E '^\[ *[0-9]+%\] Built target' || true; }
+    export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
+    echo "Sanitized: the core's tests"
+    "$asan/tests/core_tests" --gtest_brief=1
+    echo "Sanitized: a faulted network soak"
+    "$asan/petalgarden-sim" net --deals 3000 --faults 7 | tail -n 1
+    "$asan/petalgarden-sim" net --deals 1000 --faults 23 --tournament 3 --yaku on | tail -n 1
+}
+
 case "${1:-}" in
     play) exec "$build/petalgarden" ;;
-    test) QT_QPA_PLATFORM=offscreen ctest --test-dir "$build" --output-on-failure -j "$(nproc)" ;;
+    test)
+        QT_QPA_PLATFORM=offscreen ctest --test-dir "$build" --output-on-failure -j "$(nproc)"
+        sanitized
+        ;;
     *) echo "usage: ./setup.sh play | test | fuzz [RUNS] [TARGET]" >&2; exit 2 ;;
 esac

@@ -1,6 +1,5 @@
 #include "engine/Dealer.h"
 
-#include <cmath>
 
 #include "cards/FrmCards.h"
 #include "engine/SeedText.h"
@@ -125,7 +124,8 @@ void Dealer::ShuffleCards() {
     }
     f_.rnd.seed(seedValue(m.mDealSeed));
     for (int i = 0; i < 48;) {
-        const int x = static_cast<int>(std::floor(f_.rnd.next() * 48 + 1));
+        // The draw is at least 1, so truncation is the floor, without a call to floor().
+        const int x = static_cast<int>(f_.rnd.next() * 48 + 1);
         if (counted[x - 1] >= 1) continue;
         m.mDeck[i] = x;
         m.mCards[i] = FrmCards::card(x);

@@ -1,5 +1,7 @@
 #include "engine/HandPlay.h"
 
+#include <array>
+
 #include "cards/FrmCards.h"
 #include "cards/Val.h"
 #include "shell/FrmMain.h"
@@ -32,20 +34,48 @@ void HandPlay::HiliteCards(std::string_view Zone, int Slot, bool Show) {
 int HandPlay::RelativeCheck(int Position, bool Show) {
     int best = -1;
     if (Position < 0) return best;
-    const CardRecord& card = f_.m.mCards.at(Position);
+    const auto& cards = f_.m.mCards;
+    const CardRecord& card = cards.at(Position);
     const bool wild = card.isWild();
     const auto& table = f_.ctl.imgTCard;
-    for (int i = 0; i < static_cast<int>(table.size()); ++i) {
-        if (table[i].Tag == "-1") continue;
-        const CardRecord& other = f_.m.mCards.at(table[i].Tag.value());
-        if (wild || other.sameMonth(card)) {
-            if (Show) HiliteCards("T", i, true);
-            if (best < 0 || other.Points > f_.m.mCards.at(table[best].Tag.value()).Points) best = i;
-        } else if (Show) {
-            HiliteCards("T", i, false);
+    const int slots = static_cast<int>(table.size());
+    int bestPoints = 0;
+    for (int i = 0; i < slots; ++i) {
+        const TagText& tag = table[i].Tag;
+        if (tag == "-1") continue;
+        const CardRecord& other = cards.at(tag.value());
+        const bool matches = wild || other.sameMonth(card);
+        if (Show) HiliteCards("T", i, matches);
+        if (matches && (best < 0 || other.Points > bestPoints)) {
+            best = i;
+            bestPoints = other.Points;
         }
     }
     return best;
+}
+
+CaptureChoice HandPlay::captureChoice() const {
+    CaptureChoice choice;
+    const auto& cards = f_.m.mCards;
+    const auto& table = f_.ctl.imgTCard;
+    std::array<int, 13> bestPoints{};
+    int anyPoints = 0;
+    for (int i = 0; i < static_cast<int>(table.size()); ++i) {
+        const TagText& tag = table[i].Tag;
+        if (tag == "-1") continue;
+        const CardRecord& other = cards.at(tag.value());
+        if (choice.any < 0 || other.Points > anyPoints) {
+            choice.any = i;
+            anyPoints = other.Points;
+        }
+        if (other.month < 0 || other.month >= static_cast<int>(bestPoints.size())) continue;
+        int& slot = choice.byMonth[other.month];
+        if (slot < 0 || other.Points > bestPoints[other.month]) {
+            slot = i;
+            bestPoints[other.month] = other.Points;
+        }
+    }
+    return choice;
 }
 
 int HandPlay::selectedHandSlot() const {

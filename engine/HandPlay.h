@@ -1,6 +1,8 @@
 #pragma once
 #include <string_view>
 
+#include "engine/CaptureChoice.h"
+
 namespace petal {
 
 class FrmMain;
@@ -15,6 +17,8 @@ public:
     // Frames (when Show) the table slots that the card at Position may take; the result is
     // the slot of the most valuable match, the lower slot on equal points, or -1.
     int RelativeCheck(int Position, bool Show);
+    // RelativeCheck without frames for every card at once.
+    CaptureChoice captureChoice() const;
     void imgPCard_Click(int Slot);
     void imgTCard_Click(int Slot);
     void imgTable_Click();

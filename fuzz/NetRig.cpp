@@ -52,6 +52,8 @@ NetRig::NetRig(const Options& options, const std::filesystem::path& scratch)
     act([this] { program_->Main(); });
 }
 
+NetRig::~NetRig() { world_.endAll(); }
+
 MsgResult NetRig::answer(const MsgBox& box) {
     const std::string& title = box.title;
     if (title == "Play Again?") {

@@ -30,6 +30,7 @@ public:
     static constexpr int kPort = 4800;
 
     NetRig(const Options& options, const std::filesystem::path& scratch);
+    ~NetRig();
     NetRig(const NetRig&) = delete;
     NetRig& operator=(const NetRig&) = delete;
 

@@ -107,11 +107,12 @@ void Computer::CompSelectCard() {
     const TableModel& c = f_.ctl;
     int bestValue = 0, bestSlot = 0;
     bool matched = false;
+    const CaptureChoice captures = f_.play.captureChoice();
     // Pass 1: the most valuable capture, the lowest slot among equals.
     for (int i = 0; i < 8; ++i) {
         if (!c.imgCCard[i].hasPicture()) continue;
         const int card = c.imgCCard[i].Tag.value();
-        const int t = f_.play.RelativeCheck(card, false);
+        const int t = card < 0 ? -1 : captures.forCard(m.mCards.at(card));
         if (t <= -1) continue;
         matched = true;
         const int value = m.mCards.at(card).Points + m.mCards.at(c.imgTCard.at(t).Tag.value()).Points;

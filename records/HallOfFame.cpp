@@ -188,6 +188,7 @@ void HallOfFame::EnsureTable(const std::string& TableName) {
 }
 
 void HallOfFame::CloseHallOfFame() {
+    bar_.forget();
     if (!gHOFDatabase_) return;
     sqlite3_close_v2(gHOFDatabase_);
     gHOFDatabase_ = nullptr;
@@ -259,21 +260,27 @@ void HallOfFame::transaction(const std::function<void()>& writes) {
 }
 
 bool HallOfFame::IsHighScore(int GameType, int Score) {
-    const TableDef& table = tableFor(GameType != 0);
+    const bool tournament = GameType != 0;
+    const auto stamp = bar_.stampOf(path());
+    if (const auto bar = bar_.known(tournament, stamp)) return bar->rows < kRows || Score > bar->lowest;
+    const TableDef& table = tableFor(tournament);
     bool high = false;
     guarded("read to test the score", [&] {
-        const int rows = rowCount(table);
-        if (rows < kRows) {
+        HighScoreBar::Bar bar{rowCount(table), 0};
+        if (bar.rows < kRows) {
             high = true;
+            bar_.remember(tournament, stamp, bar);
             return;
         }
         // Compared on Score even where the order is by ScoreAverage, as the tables always have been.
         SqliteStatement last(gHOFDatabase_, std::string("SELECT Score FROM [") + table.name + "] ORDER BY " +
-                                                table.order + " LIMIT 1 OFFSET " + std::to_string(rows - 1));
+                                                table.order + " LIMIT 1 OFFSET " + std::to_string(bar.rows - 1));
         prepared(last);
         const int rc = last.step();
         if (rc != SQLITE_ROW) fail(rc);
-        high = Score > last.integer(0);
+        bar.lowest = last.integer(0);
+        high = Score > bar.lowest;
+        bar_.remember(tournament, stamp, bar);
     });
     return high;
 }
@@ -310,6 +317,7 @@ std::string HallOfFame::GetHallOfFame(int GameType) {
 
 void HallOfFame::AddHallOfFameEntry(const std::string& PlayerName, int Score, int YakuCount, int RoundsWon, int Rounds) {
     const TableDef& table = tableFor(Rounds != 0);
+    bar_.forget();
     guarded("written", [&] {
         transaction([&] {
             insertRow(table, PlayerName, Score, YakuCount, RoundsWon, Rounds);

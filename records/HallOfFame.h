@@ -6,6 +6,8 @@
 #include <set>
 #include <string>
 
+#include "records/HighScoreBar.h"
+
 struct sqlite3;
 
 namespace petal {
@@ -69,6 +71,7 @@ private:
     std::string unreachable_;  // why the file could not be opened
     std::set<std::string> told_;
     int lockWaitMs_ = kLockWaitMs;
+    HighScoreBar bar_;
 };
 
 }  // namespace petal

@@ -72,6 +72,20 @@ TEST_F(HallOfFameTest, NineRowsTakeAnyScoreAndTenRowsOnlyABetterOne) {
     EXPECT_EQ(hof.GetHallOfFame(0).find("Low"), std::string::npos) << "the old lowest is gone";
 }
 
+// The answer is kept between won deals, but never past a change by another program: an update
+// that leaves the file's size alone, a row deleted, a row added.
+TEST_F(HallOfFameTest, AnotherProgramsChangesAreSeenAtTheNextWonDeal) {
+    for (int score : {90, 80, 70, 60, 55, 50, 48, 45, 42, 40}) hof.AddHallOfFameEntry("Old", score, 0, 0, 0);
+    EXPECT_FALSE(hof.IsHighScore(0, 30));
+    query("UPDATE SingleStats SET Score = 20 WHERE Score = 40");
+    EXPECT_TRUE(hof.IsHighScore(0, 30)) << "the lowest score is now 20";
+    EXPECT_FALSE(hof.IsHighScore(0, 20));
+    query("DELETE FROM SingleStats WHERE Score = 20");
+    EXPECT_TRUE(hof.IsHighScore(0, 1)) << "nine rows take any score";
+    query("INSERT INTO SingleStats (PlayerName, Score) VALUES ('Tenth', 35)");
+    EXPECT_FALSE(hof.IsHighScore(0, 35));
+}
+
 TEST_F(HallOfFameTest, EqualScoresOrderByDateTextThenNameAndBlanksFollow) {
     host.setDate(2000, 1, 1);
     hof.AddHallOfFameEntry("Zed", 50, 0, 0, 0);

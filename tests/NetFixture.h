@@ -42,6 +42,7 @@ protected:
     };
 
     NetFixture();
+    ~NetFixture() override { world.endAll(); }
 
     // Host listens, client joins 127.0.0.1; true once the client waits for the first deal.
     bool connect();

@@ -15,6 +15,7 @@
 #endif
 #ifdef PETAL_ASAN
 #include <sanitizer/common_interface_defs.h>
+#include <sanitizer/asan_interface.h>
 #include <sanitizer/lsan_interface.h>
 #endif
 
@@ -88,6 +89,9 @@ void finishSwitch([[maybe_unused]] void* fake, [[maybe_unused]] const void** bot
 // shown modally, a question's text) looks lost.
 void rootStack([[maybe_unused]] const void* stack, [[maybe_unused]] std::size_t size, [[maybe_unused]] bool root) {
 #ifdef PETAL_ASAN
+    // A fiber that goes while suspended leaves its frames' shadow behind, which a later stack
+    // mapped at the same place would inherit.
+    __asan_unpoison_memory_region(stack, size);
     if (root)
         __lsan_register_root_region(stack, size);
     else

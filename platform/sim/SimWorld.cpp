@@ -47,6 +47,11 @@ void SimWorld::resume(SimHost& host, std::function<void()> command) {
     unwindEnded();
 }
 
+void SimWorld::endAll() {
+    for (SimHost* host : hosts_) host->endProgram();
+    unwindEnded();
+}
+
 void SimWorld::unwindEnded() {
     for (SimHost* host : hosts_)
         for (int guard = 0; host->ending_ && host->waiting() && guard < 64; ++guard) {

@@ -34,6 +34,9 @@ public:
     // Runs fn now on the host's own stack, as input to that program would: inside a wait of
     // that program if one is open. A failure of a test script in any host is rethrown here.
     void act(SimHost& host, std::function<void()> fn);
+    // Ends every program and lets their open waits return, so that what their stacks own is
+    // freed before the programs go. Owners call it before destroying the programs.
+    void endAll();
 
 private:
     friend class SimHost;

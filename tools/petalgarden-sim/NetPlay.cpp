@@ -72,6 +72,9 @@ public:
             side->host.onForm = [this, side](Form& form) { act(*side, form); };
         }
     }
+    ~NetRun() { world_.endAll(); }
+    NetRun(const NetRun&) = delete;
+    NetRun& operator=(const NetRun&) = delete;
 
     int run();
     int deals() const { return std::min(host_.tracer->ended, client_.tracer->ended); }

@@ -1,7 +1,7 @@
 #pragma once
 // The local player's choices: the lowest slots, or a seeded pick of its own.
 #include <cstdint>
-#include <vector>
+#include <span>
 
 namespace petal::sim {
 
@@ -10,7 +10,7 @@ public:
     Policy(bool random, std::uint64_t seed) : random_(random), state_(seed) {}
 
     // Picks one of the candidates, which are in ascending order and not empty.
-    int pick(const std::vector<int>& candidates) {
+    int pick(std::span<const int> candidates) {
         if (!random_ || candidates.size() == 1) return candidates.front();
         return candidates[next() % candidates.size()];
     }

@@ -1,10 +1,13 @@
 #include "SimPlay.h"
 
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <ostream>
+#include <span>
 
 #include "Policy.h"
 #include "TempFolder.h"
@@ -20,10 +23,21 @@ namespace petal::sim {
 
 namespace {
 
-std::vector<int> framedSlots(const TableModel& c) {
-    std::vector<int> slots;
+// Slots in ascending order, counted on the stack: a move is made a million times a run.
+struct Slots {
+    std::array<int, 64> at{};
+    std::size_t count = 0;
+    void add(int slot) {
+        if (count < at.size()) at[count++] = slot;
+    }
+    bool empty() const { return count == 0; }
+    std::span<const int> span() const { return {at.data(), count}; }
+};
+
+Slots framedSlots(const TableModel& c) {
+    Slots slots;
     for (std::size_t i = 0; i < c.shpTHilite.size(); ++i)
-        if (c.shpTHilite[i].Visible) slots.push_back(static_cast<int>(i));
+        if (c.shpTHilite[i].Visible) slots.add(static_cast<int>(i));
     return slots;
 }
 
@@ -37,22 +51,22 @@ bool canMove(const FrmMain& f) {
 bool localMove(FrmMain& f, Policy& policy) {
     if (!canMove(f)) return false;
     if (f.ctl.shpFlipCard.Visible) {
-        const std::vector<int> framed = framedSlots(f.ctl);
+        const Slots framed = framedSlots(f.ctl);
         if (framed.empty()) return false;
-        f.play.imgTCard_Click(policy.pick(framed));
+        f.play.imgTCard_Click(policy.pick(framed.span()));
         return true;
     }
     if (f.m.mPlayerFlipped != 0) return false;
-    std::vector<int> held;
+    Slots held;
     for (int i = 0; i < 8; ++i)
-        if (f.ctl.imgPCard[i].hasPicture()) held.push_back(i);
+        if (f.ctl.imgPCard[i].hasPicture()) held.add(i);
     if (held.empty()) return false;
-    f.play.imgPCard_Click(policy.pick(held));
-    const std::vector<int> framed = framedSlots(f.ctl);
+    f.play.imgPCard_Click(policy.pick(held.span()));
+    const Slots framed = framedSlots(f.ctl);
     if (framed.empty())
         f.play.imgTable_Click();
     else
-        f.play.imgTCard_Click(policy.pick(framed));
+        f.play.imgTCard_Click(policy.pick(framed.span()));
     return true;
 }
 
@@ -92,9 +106,11 @@ int play(const PlayOptions& options, std::ostream& out, std::ostream& err) {
         f.settings.WriteSettings(tournament ? 1 : 0, tournament ? options.tournamentRounds : 10, options.yaku ? -1 : 0, 0);
         f.dealer.imgDeck_Click();
     });
+    bool acted = false;
+    const std::function<void()> move = [&] { acted = localMove(f, policy); };
     while (!host.ending() && !failed) {
-        bool acted = false;
-        runHandler(host, [&] { acted = localMove(f, policy); });
+        acted = false;
+        runHandler(host, move);
         if (!acted && !host.step()) {
             err << "petalgarden-sim: the game stopped with nothing left to run\n";
             failed = true;

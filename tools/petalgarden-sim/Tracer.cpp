@@ -27,6 +27,8 @@ std::string jsonString(const std::string& text) {
 
 void Tracer::dealt() {
     ++events;
+    positionOf_.fill(-1);
+    for (int p = 0; p < 48; ++p) positionOf_.at(f_.m.mCards[p].Picture) = p;
     if (log) {
         Record r;
         r.kind = Record::Kind::Deal;
@@ -106,13 +108,10 @@ void Tracer::snapshot(Record& r) const {
     const auto& c = f_.ctl;
     for (std::size_t slot = 0; slot < c.imgTCard.size(); ++slot)
         if (c.imgTCard[slot].hasPicture()) r.where.at(c.imgTCard[slot].Tag.value()) = 100 + static_cast<int>(slot);
-    std::array<int, 72> positionOf{};
-    positionOf.fill(-1);
-    for (int p = 0; p < 48; ++p) positionOf.at(f_.m.mCards[p].Picture) = p;
     for (int side = 0; side < 2; ++side)
         for (int row = 0; row < 4; ++row)
             for (const Image& card : c.panel[side].piles[row])
-                if (card.hasPicture()) r.where.at(positionOf.at(card.Picture)) = 200 + 10 * side + row;
+                if (card.hasPicture()) r.where.at(positionOf_.at(card.Picture)) = 200 + 10 * side + row;
     r.yakuCards = f_.m.mYakuCards;
     r.points = f_.m.mPoints;
 }

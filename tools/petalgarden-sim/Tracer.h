@@ -52,6 +52,8 @@ private:
 
     FrmMain& f_;
     std::ostream* out_;
+    // The deal's position of each picture, read once per deal: the deck does not change in it.
+    std::array<int, 72> positionOf_{};
 };
 
 // A text as a JSON string, quotes included.
