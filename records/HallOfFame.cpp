@@ -19,6 +19,7 @@ struct HallOfFame::TableDef {
     const char* index;
     const char* order;
     const char* insert;
+    const char* columns;  // the columns that a row shows, in their order
 };
 
 namespace {
@@ -31,6 +32,7 @@ const TableDef kSingle = {
     "CREATE INDEX Score On [SingleStats] (Score DESC, DateWon DESC, PlayerName)",
     "Score DESC, DateWon DESC, PlayerName",
     "INSERT INTO [SingleStats] (PlayerName, DateWon, Score, YakuCount) VALUES (?1, ?2, ?3, ?4)",
+    "PlayerName, DateWon, Score, YakuCount",
 };
 // SQLite keeps every index name of a file in one namespace, so a second index named "Score"
 // is refused; this one alone takes another name, its columns and order as they stand.
@@ -42,6 +44,7 @@ const TableDef kTournament = {
     "ScoreAverage DESC, Score DESC, DateWon DESC, PlayerName",
     "INSERT INTO [TournamentStats] (PlayerName, DateWon, Score, YakuCount, RoundsWon, Rounds, ScoreAverage, "
     "YakuAverage) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8)",
+    "PlayerName, DateWon, Score, YakuCount, RoundsWon, Rounds, ScoreAverage, YakuAverage",
 };
 
 const TableDef& tableFor(bool tournament) { return tournament ? kTournament : kSingle; }
@@ -279,6 +282,8 @@ bool HallOfFame::IsHighScore(int GameType, int Score) {
 }
 
 // Ten rows of fields; where the table has run out, and where it cannot be read, a row is blank.
+// The columns are asked for by name, so that a table made elsewhere with its columns in
+// another order, or with more of them, still shows each value under its heading.
 std::string HallOfFame::GetHallOfFame(int GameType) {
     const bool tournament = GameType != 0;
     const TableDef& table = tableFor(tournament);
@@ -286,8 +291,8 @@ std::string HallOfFame::GetHallOfFame(int GameType) {
     std::vector<std::vector<std::string>> rows;
     guarded("read", [&] {
         rows.clear();
-        SqliteStatement query(database(), std::string("SELECT * FROM [") + table.name + "] ORDER BY " + table.order +
-                                              " LIMIT " + std::to_string(kRows));
+        SqliteStatement query(database(), std::string("SELECT ") + table.columns + " FROM [" + table.name +
+                                              "] ORDER BY " + table.order + " LIMIT " + std::to_string(kRows));
         prepared(query);
         int rc;
         while ((rc = query.step()) == SQLITE_ROW) {

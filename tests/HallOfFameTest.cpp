@@ -144,6 +144,21 @@ TEST_F(HallOfFameTest, ALostTableComesBackEmptyAndTheOtherKeepsItsRows) {
     }
 }
 
+// A file made elsewhere may keep the columns in another order, or more of them: each value
+// used to show under the heading of its position, a date as the name and an extra column's
+// value where a single game has "N/A".
+TEST_F(HallOfFameTest, ColumnsInAnotherOrderOrMoreOfThemShowUnderTheirHeadings) {
+    hof.CloseHallOfFame();
+    query("DROP TABLE SingleStats");
+    query("CREATE TABLE SingleStats (Note TEXT, Score INTEGER, DateWon TEXT(10), YakuCount INTEGER, PlayerName TEXT(20))");
+    query("INSERT INTO SingleStats VALUES ('extra', 60, '03/04/2025', 2, 'Ren')");
+    hof.OpenHallOfFame();
+    EXPECT_EQ(rows(0)[0], "Ren,03/04/2025,60,2,N/A,N/A,N/A");
+    EXPECT_TRUE(hof.IsHighScore(0, 1));
+    hof.AddHallOfFameEntry("Ko", 70, 1, 0, 0);
+    EXPECT_EQ(rows(0)[0], "Ko,11/22/2026,70,1,N/A,N/A,N/A");
+}
+
 // Every operation on records out of reach tells once what failed, with the store's reason, and
 // goes on: no high score, blank rows, nothing stored.
 TEST_F(HallOfFameTest, AFileThatIsNoDatabaseIsToldOnceAndTheRecordsStayOutOfReach) {
