@@ -109,19 +109,6 @@ bool accessDenied(const Opening& o) {
     }
 }
 
-// An average as the table stores it: the quotient written with one decimal (half away from
-// zero), then taken to the nearest integer with an exact half going to the even neighbour.
-// Integer arithmetic, so that 1.45 is not the binary 1.4499... and written as "1.4".
-int storedAverage(int total, int rounds) {
-    const long long n = 10LL * std::llabs(total), d = std::llabs(rounds);
-    const bool negative = (total < 0) != (rounds < 0);
-    const long long tenths = (2 * n + d) / (2 * d);
-    long long whole = tenths / 10;
-    const long long rest = tenths % 10;
-    if (rest > 5 || (rest == 5 && whole % 2 == 1)) ++whole;
-    return static_cast<int>(negative ? -whole : whole);
-}
-
 }  // namespace
 
 // A failed statement inside an operation, with SQLite's code and its own words for it.
@@ -344,6 +331,19 @@ void HallOfFame::insertRow(const TableDef& table, const std::string& PlayerName,
     }
     const int rc = insert.step();
     if (rc != SQLITE_DONE) fail(rc);
+}
+
+// An average as the table stores it: the quotient written with one decimal (half away from
+// zero), then taken to the nearest integer with an exact half going to the even neighbour.
+// Integer arithmetic, so that 1.45 is not the binary 1.4499... and written as "1.4".
+int HallOfFame::storedAverage(int total, int rounds) {
+    const long long n = 10LL * std::llabs(total), d = std::llabs(rounds);
+    const bool negative = (total < 0) != (rounds < 0);
+    const long long tenths = (2 * n + d) / (2 * d);
+    long long whole = tenths / 10;
+    const long long rest = tenths % 10;
+    if (rest > 5 || (rest == 5 && whole % 2 == 1)) ++whole;
+    return static_cast<int>(negative ? -whole : whole);
 }
 
 std::string HallOfFame::fieldText(const std::string& value) {

@@ -43,6 +43,10 @@ public:
     static std::string fieldText(const std::string& value);
     static std::string fieldValue(const std::string& text);
 
+    // An average as the tournament's table stores it: the quotient to one decimal, then to the
+    // nearest whole number, an exact half to the even one.
+    static int storedAverage(int total, int rounds);
+
     // One table's statements, kept beside the code that sends them.
     struct TableDef;
 
