@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -48,6 +49,28 @@ const TableDef kTournament = {
 };
 
 const TableDef& tableFor(bool tournament) { return tournament ? kTournament : kSingle; }
+
+// The first row of a table that is no record the game can have written, in words: a name of
+// at most 20 characters and a date text of at most 10, every number whole and of 32 bits.
+std::string oddRowQuery(const TableDef& table) {
+    std::string cases;
+    const std::string columns = table.columns;
+    for (std::size_t at = 0; at < columns.size();) {
+        const std::size_t end = std::min(columns.find(", ", at), columns.size());
+        const std::string c = columns.substr(at, end - at);
+        at = end + 2;
+        if (c == "PlayerName" || c == "DateWon") {
+            const std::string most = c == "PlayerName" ? "20" : "10";
+            cases += " WHEN typeof(" + c + ") <> 'text' OR length(" + c + ") > " + most + " THEN 'its " + c +
+                     " is no text of at most " + most + " characters'";
+        } else {
+            cases += " WHEN typeof(" + c + ") <> 'integer' OR " + c + " NOT BETWEEN -2147483648 AND 2147483647 THEN 'its " +
+                     c + " is no whole number of 32 bits'";
+        }
+    }
+    return "SELECT odd FROM (SELECT CASE" + cases + " END AS odd FROM [" + table.name +
+           "]) WHERE odd IS NOT NULL LIMIT 1";
+}
 
 // The rollback journal keeps the records in one file between runs, and a hot journal left by a
 // crash is rolled back at the next open; FULL syncs make each commit durable before it returns.
@@ -236,6 +259,21 @@ int HallOfFame::rowCount(const TableDef& table) {
     return count.integer(0);
 }
 
+// A file made or changed elsewhere may hold rows that the game never writes: text or nothing
+// where a number belongs, a fraction, a number beyond 32 bits, a name far too long. Such rows
+// would show, sort and compare as no record does, so their table is not read as records at
+// all: the operation fails, telling why, and the file stays as it is.
+int HallOfFame::recordCount(const TableDef& table) {
+    SqliteStatement odd(database(), oddRowQuery(table));
+    prepared(odd);
+    const int rc = odd.step();
+    if (rc == SQLITE_ROW)
+        throw Failure{SQLITE_MISMATCH, std::string("a row of ") + table.name + " is no record of the game (" +
+                                           odd.text(0) + ")"};
+    if (rc != SQLITE_DONE) fail(rc);
+    return rowCount(table);
+}
+
 // One write, whole or not at all: a failure inside rolls back.
 void HallOfFame::transaction(const std::function<void()>& writes) {
     exec("BEGIN IMMEDIATE");
@@ -252,7 +290,7 @@ bool HallOfFame::IsHighScore(int GameType, int Score) {
     const TableDef& table = tableFor(GameType != 0);
     bool high = false;
     guarded("read to test the score", [&] {
-        const int rows = rowCount(table);
+        const int rows = recordCount(table);
         if (rows < kRows) {
             high = true;
             return;
@@ -278,6 +316,7 @@ std::string HallOfFame::GetHallOfFame(int GameType) {
     std::vector<std::vector<std::string>> rows;
     guarded("read", [&] {
         rows.clear();
+        recordCount(table);
         SqliteStatement query(database(), std::string("SELECT ") + table.columns + " FROM [" + table.name +
                                               "] ORDER BY " + table.order + " LIMIT " + std::to_string(kRows));
         prepared(query);
@@ -304,6 +343,7 @@ void HallOfFame::AddHallOfFameEntry(const std::string& PlayerName, int Score, in
     const TableDef& table = tableFor(Rounds != 0);
     guarded("written", [&] {
         transaction([&] {
+            recordCount(table);
             insertRow(table, PlayerName, Score, YakuCount, RoundsWon, Rounds);
             // The count is exact: the entry that makes more than ten rows takes the last in the
             // order away, wherever it stands.

@@ -64,6 +64,7 @@ private:
     void prepared(const SqliteStatement& statement) const;
     void exec(const std::string& sql);
     int rowCount(const TableDef& table);
+    int recordCount(const TableDef& table);
     void transaction(const std::function<void()>& writes);
     void insertRow(const TableDef& table, const std::string& PlayerName, int Score, int YakuCount, int RoundsWon,
                    int Rounds);

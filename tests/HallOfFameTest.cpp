@@ -159,6 +159,54 @@ TEST_F(HallOfFameTest, ColumnsInAnotherOrderOrMoreOfThemShowUnderTheirHeadings) 
     EXPECT_EQ(rows(0)[0], "Ko,11/22/2026,70,1,N/A,N/A,N/A");
 }
 
+// Values that the game never writes (text or nothing where a number belongs, a fraction, a
+// number beyond 32 bits, a name or a date too long) used to show as they stood, sort above
+// every score, and compare as their low 32 bits. Such a table is told as unreadable, shows
+// blank rows, takes no entry, and stays in the file as it was.
+TEST_F(HallOfFameTest, ATableWithRowsThatNoGameWroteIsToldAndLeftAsItIs) {
+    struct Case {
+        const char* values;
+        const char* told;
+    };
+    const Case cases[] = {
+        {"'Ann', '01/02/2025', 'abc', 1", "its Score is no whole number of 32 bits"},
+        {"'Ann', '01/02/2025', NULL, 1", "its Score is"},
+        {"'Ann', '01/02/2025', 1.5, 1", "its Score is"},
+        {"'Ann', '01/02/2025', 4294967301, 1", "its Score is"},
+        {"'Ann', '01/02/2025', 60, X'01'", "its YakuCount is"},
+        {"'Twenty-one letters!!!', '01/02/2025', 60, 1", "its PlayerName is no text of at most 20 characters"},
+        {"NULL, '01/02/2025', 60, 1", "its PlayerName is"},
+        {"'Ann', '01/02/20251', 60, 1", "its DateWon is no text of at most 10 characters"},
+    };
+    hof.CloseHallOfFame();
+    for (const Case& c : cases) {
+        std::string rows = std::string("DELETE FROM SingleStats; INSERT INTO SingleStats VALUES (") + c.values + ")";
+        for (int score = 10; score <= 100; score += 10) rows += ", ('Kept', '01/01/2020', " + std::to_string(score) + ", 0)";
+        sqlite3* db = nullptr;
+        sqlite3_open(hof.path().c_str(), &db);
+        ASSERT_EQ(sqlite3_exec(db, rows.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << c.values;
+        sqlite3_close(db);
+        HallOfFame records(host);  // a program of its own, which has told nothing yet
+        records.OpenHallOfFame();
+        std::vector<std::string> told;
+        host.onMsgBox = [&](const MsgBox& box) {
+            told.push_back(box.text);
+            return MsgResult::OK;
+        };
+        const auto firstRow = [&](int type) { return records.GetHallOfFame(type).substr(0, type ? 15 : 13); };
+        EXPECT_EQ(firstRow(0), kBlankSingle) << c.values;
+        EXPECT_FALSE(records.IsHighScore(0, 5)) << c.values;
+        records.AddHallOfFameEntry("New", 500, 0, 0, 0);
+        EXPECT_EQ(firstRow(1), " , , , , , , , ") << "the other table is read as ever";
+        ASSERT_EQ(told.size(), 3u) << c.values;
+        EXPECT_NE(told[0].find("cannot be read: a row of SingleStats is no record of the game (" + std::string(c.told)),
+                  std::string::npos)
+            << told[0];
+        EXPECT_NE(told[2].find("cannot be written: a row of SingleStats"), std::string::npos) << told[2];
+        EXPECT_EQ(query("SELECT count(*) FROM SingleStats"), "11") << c.values;
+    }
+}
+
 // Every operation on records out of reach tells once what failed, with the store's reason, and
 // goes on: no high score, blank rows, nothing stored.
 TEST_F(HallOfFameTest, AFileThatIsNoDatabaseIsToldOnceAndTheRecordsStayOutOfReach) {
