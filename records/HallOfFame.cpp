@@ -93,9 +93,13 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
         sqlite3_busy_timeout(db, lockWaitMs);
         o.rc = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
         // A write-protected file opens read-only without a word; refuse it here, not at a write.
+        // So does a file whose header marks a format newer than SQLite may write, which no
+        // retry mends: the records are out of reach, as with any file that cannot be used.
         if (o.rc == SQLITE_OK && sqlite3_db_readonly(db, "main") == 1) {
-            o.rc = SQLITE_READONLY;
-            o.reason = std::string(sqlite3_errstr(o.rc)) + " (the file is write-protected)";
+            const bool writeProtected = ::access(file.c_str(), W_OK) != 0;
+            o.rc = writeProtected ? SQLITE_READONLY : SQLITE_CANTOPEN;
+            o.reason = writeProtected ? std::string(sqlite3_errstr(o.rc)) + " (the file is write-protected)"
+                                      : "it is of a newer format, which this program may read but not write";
             sqlite3_close(db);
             return o;
         }

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <iterator>
 
 #include "GameFixture.h"
 #include "records/HallOfFame.h"
@@ -231,6 +232,40 @@ TEST_F(HallOfFameTest, AFileThatIsNoDatabaseIsToldOnceAndTheRecordsStayOutOfReac
         EXPECT_NE(told[i].find(hof.path().string()), std::string::npos) << told[i];
         EXPECT_NE(told[i].find(std::string(operations[i]) + "file is not a database"), std::string::npos) << told[i];
     }
+}
+
+// A header that marks a format newer than SQLite may write used to be taken for a write-protected
+// file: "Access Denied", and Retry for ever to no end. It is told as what it is, once, and the
+// game goes on without the records, leaving the file as it is.
+TEST_F(HallOfFameTest, AFileOfANewerFormatIsToldAsSuchNotAsAccessDenied) {
+    hof.AddHallOfFameEntry("Kept", 70, 0, 0, 0);
+    hof.CloseHallOfFame();
+    {
+        std::fstream file(hof.path(), std::ios::binary | std::ios::in | std::ios::out);
+        file.seekp(18);
+        file.put(3);  // the write version
+    }
+    const auto bytes = [&] {
+        std::ifstream in(hof.path(), std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
+    };
+    const std::string before = bytes();
+    std::vector<MsgBox> told;
+    host.onMsgBox = [&](const MsgBox& box) {
+        told.push_back(box);
+        return MsgResult::Cancel;
+    };
+    HallOfFame records(host);
+    records.OpenHallOfFame();
+    EXPECT_FALSE(records.IsHighScore(0, 500));
+    records.AddHallOfFameEntry("New", 500, 0, 0, 0);
+    ASSERT_EQ(told.size(), 2u);
+    for (const MsgBox& box : told) {
+        EXPECT_EQ(box.title, "Hall of Fame");
+        EXPECT_NE(box.text.find("it is of a newer format, which this program may read but not write"), std::string::npos)
+            << box.text;
+    }
+    EXPECT_EQ(bytes(), before);
 }
 
 // The file refused or held by another program asks Retry or Cancel, never OK for ever: Retry
