@@ -91,6 +91,10 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
     o.rc = sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     if (o.rc == SQLITE_OK) {
         sqlite3_busy_timeout(db, lockWaitMs);
+        // The game's file holds two tables and their indexes. A view or a trigger of a file made
+        // elsewhere could run without end, or change rows behind the game's back: none runs.
+        sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+        sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
         o.rc = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
         // A write-protected file opens read-only without a word; refuse it here, not at a write.
         // So does a file whose header marks a format newer than SQLite may write, which no
@@ -263,11 +267,20 @@ int HallOfFame::rowCount(const TableDef& table) {
     return count.integer(0);
 }
 
-// A file made or changed elsewhere may hold rows that the game never writes: text or nothing
-// where a number belongs, a fraction, a number beyond 32 bits, a name far too long. Such rows
-// would show, sort and compare as no record does, so their table is not read as records at
-// all: the operation fails, telling why, and the file stays as it is.
+// A file made or changed elsewhere may hold a view in a table's place, whose rows may never
+// end, or rows that the game never writes: text or nothing where a number belongs, a fraction,
+// a number beyond 32 bits, a name far too long. Such rows would show, sort and compare as no
+// record does, so their table is not read as records at all: the operation fails, telling
+// why, and the file stays as it is.
 int HallOfFame::recordCount(const TableDef& table) {
+    {
+        SqliteStatement kind(database(), "SELECT type FROM sqlite_master WHERE name = ?1 COLLATE NOCASE");
+        prepared(kind);
+        kind.bind(1, table.name);
+        if (kind.step() == SQLITE_ROW && kind.text(0) != "table")
+            throw Failure{SQLITE_MISMATCH, std::string("its ") + table.name + " is " +
+                                               (kind.text(0) == "index" ? "an " : "a ") + kind.text(0) + ", not a table"};
+    }
     SqliteStatement odd(database(), oddRowQuery(table));
     prepared(odd);
     const int rc = odd.step();
