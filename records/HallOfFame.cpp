@@ -109,8 +109,24 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
         }
     }
     if (o.rc == SQLITE_OK) o.rc = sqlite3_exec(db, kDurability, nullptr, nullptr, nullptr);
+    // A damaged file may read without an error and still mislead: an index that no longer
+    // matches its table orders and counts rows that are not there. Its first fault is told.
+    std::string fault;
+    if (o.rc == SQLITE_OK) {
+        SqliteStatement check(db, "PRAGMA integrity_check(1)");
+        o.rc = check.step();
+        if (o.rc == SQLITE_ROW) {
+            fault = check.text(0);
+            o.rc = fault == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
+        }
+    }
     if (o.rc == SQLITE_OK) {
         o.db = db;
+        return o;
+    }
+    if (o.rc == SQLITE_CORRUPT && !fault.empty()) {
+        o.reason = "the file is damaged (" + fault.substr(0, std::min(fault.find('\n'), std::size_t{200})) + ")";
+        sqlite3_close(db);
         return o;
     }
     o.systemErrno = db ? sqlite3_system_errno(db) : 0;

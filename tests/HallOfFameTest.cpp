@@ -234,6 +234,36 @@ TEST_F(HallOfFameTest, AFileThatIsNoDatabaseIsToldOnceAndTheRecordsStayOutOfReac
     }
 }
 
+// An index that no longer matches its table (a damaged file) used to order the page by itself,
+// rows out of place without a word. The damage is found at the opening and told, and the game
+// goes on without the records, leaving the file as it is.
+TEST_F(HallOfFameTest, ADamagedFileIsToldAndNotShownOutOfOrder) {
+    for (int score : {10, 30, 20}) hof.AddHallOfFameEntry("N" + std::to_string(score), score, 0, 0, 0);
+    hof.CloseHallOfFame();
+    sqlite3* db = nullptr;
+    sqlite3_open(hof.path().c_str(), &db);
+    ASSERT_EQ(sqlite3_exec(db,
+                           "PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = replace(sql, 'Score DESC', "
+                           "'Score ASC') WHERE name = 'Score'",
+                           nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    sqlite3_close(db);
+    std::vector<std::string> told;
+    host.onMsgBox = [&](const MsgBox& box) {
+        told.push_back(box.text);
+        return MsgResult::OK;
+    };
+    HallOfFame records(host);
+    records.OpenHallOfFame();
+    EXPECT_EQ(records.GetHallOfFame(0).substr(0, 13), kBlankSingle);
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_NE(told[0].find("cannot be read: the file is damaged (row 1 missing from index Score), so the records are "
+                           "out of reach"),
+              std::string::npos)
+        << told[0];
+    EXPECT_EQ(query("SELECT count(*) FROM SingleStats"), "3");
+}
+
 // A header that marks a format newer than SQLite may write used to be taken for a write-protected
 // file: "Access Denied", and Retry for ever to no end. It is told as what it is, once, and the
 // game goes on without the records, leaving the file as it is.
