@@ -193,7 +193,9 @@ TEST_F(Setup, NoToTheResetLeavesTheComputersTurnAndTheDealEnds) {
     f->dealer.imgDeck_Click();
     sim::Policy policy(false, 0);
     for (int steps = 0; steps < 1'000 && !(f->m.mTurn == 1 && f->tmrComputer.Enabled()); ++steps)
-        if (!sim::localMove(*f, policy)) ASSERT_TRUE(host->step());
+        if (!sim::localMove(*f, policy)) {
+            ASSERT_TRUE(host->step());
+        }
     ASSERT_EQ(f->m.mTurn, 1);
     host->onMsgBox = [](const MsgBox& box) { return box.title == "Reset Game" ? MsgResult::No : MsgResult::OK; };
     openSetup([](FrmSetup& d) { d.cmdOK_Click(); });
