@@ -64,8 +64,8 @@ std::string oddRowQuery(const TableDef& table) {
             cases += " WHEN typeof(" + c + ") <> 'text' OR length(" + c + ") > " + most + " THEN 'its " + c +
                      " is no text of at most " + most + " characters'";
         } else {
-            cases += " WHEN typeof(" + c + ") <> 'integer' OR " + c + " NOT BETWEEN -2147483648 AND 2147483647 THEN 'its " +
-                     c + " is no whole number of 32 bits'";
+            cases += " WHEN typeof(" + c + ") <> 'integer' OR " + c +
+                     " NOT BETWEEN -2147483648 AND 2147483647 THEN 'its " + c + " is no whole number of 32 bits'";
         }
     }
     return "SELECT odd FROM (SELECT CASE" + cases + " END AS odd FROM [" + table.name +
@@ -295,7 +295,8 @@ int HallOfFame::recordCount(const TableDef& table) {
         kind.bind(1, table.name);
         if (kind.step() == SQLITE_ROW && kind.text(0) != "table")
             throw Failure{SQLITE_MISMATCH, std::string("its ") + table.name + " is " +
-                                               (kind.text(0) == "index" ? "an " : "a ") + kind.text(0) + ", not a table"};
+                                               (kind.text(0) == "index" ? "an " : "a ") + kind.text(0) +
+                                               ", not a table"};
     }
     SqliteStatement odd(database(), oddRowQuery(table));
     prepared(odd);

@@ -151,7 +151,8 @@ TEST_F(HallOfFameTest, ALostTableComesBackEmptyAndTheOtherKeepsItsRows) {
 TEST_F(HallOfFameTest, ColumnsInAnotherOrderOrMoreOfThemShowUnderTheirHeadings) {
     hof.CloseHallOfFame();
     query("DROP TABLE SingleStats");
-    query("CREATE TABLE SingleStats (Note TEXT, Score INTEGER, DateWon TEXT(10), YakuCount INTEGER, PlayerName TEXT(20))");
+    query("CREATE TABLE SingleStats (Note TEXT, Score INTEGER, DateWon TEXT(10), YakuCount INTEGER, "
+          "PlayerName TEXT(20))");
     query("INSERT INTO SingleStats VALUES ('extra', 60, '03/04/2025', 2, 'Ren')");
     hof.OpenHallOfFame();
     EXPECT_EQ(rows(0)[0], "Ren,03/04/2025,60,2,N/A,N/A,N/A");
@@ -182,7 +183,8 @@ TEST_F(HallOfFameTest, ATableWithRowsThatNoGameWroteIsToldAndLeftAsItIs) {
     hof.CloseHallOfFame();
     for (const Case& c : cases) {
         std::string rows = std::string("DELETE FROM SingleStats; INSERT INTO SingleStats VALUES (") + c.values + ")";
-        for (int score = 10; score <= 100; score += 10) rows += ", ('Kept', '01/01/2020', " + std::to_string(score) + ", 0)";
+        for (int score = 10; score <= 100; score += 10)
+            rows += ", ('Kept', '01/01/2020', " + std::to_string(score) + ", 0)";
         sqlite3* db = nullptr;
         sqlite3_open(hof.path().c_str(), &db);
         ASSERT_EQ(sqlite3_exec(db, rows.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << c.values;
