@@ -3,9 +3,9 @@
 #   ./setup.sh play    build and start the game
 #   ./setup.sh test    build and run the whole test suite headless, then the core's tests, the
 #                      seeded fuzzers and a faulted network soak under ASan and UBSan in build-asan/
-#   ./setup.sh fuzz [RUNS] [net]
+#   ./setup.sh fuzz [RUNS] [net|settings|halloffame]
 #                      build the libFuzzer targets with clang and the sanitizers in build-fuzz/
-#                      and fuzz one (net; default 1000000 inputs); clang is needed only here
+#                      and fuzz one (net by default; 1000000 inputs); clang is needed only here
 set -euo pipefail
 cd "$(dirname "$0")"
 
@@ -28,10 +28,13 @@ if [ "${1:-}" = fuzz ]; then
         -DCMAKE_RULE_MESSAGES=OFF >/dev/null
     cmake --build build-fuzz -j "$(nproc)" -- --no-print-directory -s
     target="${3:-net}"
+    # A Hall of Fame file is pages of 512 bytes and more; the kept ones run to a few pages.
+    maxlen=1024
+    [ "$target" = halloffame ] && maxlen=16384
     # New inputs go to the first folder; the kept ones are read from the second.
     mkdir -p "build-fuzz/corpus/$target"
     exec nice -n 10 "build-fuzz/fuzz/petalgarden-fuzz-$target" -runs="${2:-1000000}" -detect_leaks=0 \
-        -dict="fuzz/$target.dict" -max_len=1024 -artifact_prefix=build-fuzz/ -print_final_stats=1 \
+        -dict="fuzz/$target.dict" -max_len="$maxlen" -artifact_prefix=build-fuzz/ -print_final_stats=1 \
         "build-fuzz/corpus/$target" "tests/fuzz-corpus/$target"
 fi
 
@@ -64,5 +67,5 @@ case "${1:-}" in
         QT_QPA_PLATFORM=offscreen ctest --test-dir "$build" --output-on-failure -j "$(nproc)"
         sanitized
         ;;
-    *) echo "usage: ./setup.sh play | test | fuzz [RUNS] [TARGET]" >&2; exit 2 ;;
+    *) echo "usage: ./setup.sh play | test | fuzz [RUNS] [net|settings|halloffame]" >&2; exit 2 ;;
 esac

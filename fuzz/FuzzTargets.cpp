@@ -2,14 +2,18 @@
 
 #include <unistd.h>
 
+#include "HallOfFameTarget.h"
 #include "NetTarget.h"
+#include "SettingsTarget.h"
 
 namespace petal::fuzz {
 
-std::vector<std::string> fuzzTargetNames() { return {"net"}; }
+std::vector<std::string> fuzzTargetNames() { return {"net", "settings", "halloffame"}; }
 
 std::unique_ptr<FuzzTarget> makeFuzzTarget(std::string_view name, const std::filesystem::path& scratch) {
     if (name == "net") return std::make_unique<NetTarget>(scratch);
+    if (name == "settings") return std::make_unique<SettingsTarget>(scratch);
+    if (name == "halloffame") return std::make_unique<HallOfFameTarget>(scratch);
     return nullptr;
 }
 

@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -19,6 +20,7 @@ struct HallOfFame::TableDef {
     const char* index;
     const char* order;
     const char* insert;
+    const char* columns;  // the columns that a row shows, in their order
 };
 
 namespace {
@@ -31,6 +33,7 @@ const TableDef kSingle = {
     "CREATE INDEX Score On [SingleStats] (Score DESC, DateWon DESC, PlayerName)",
     "Score DESC, DateWon DESC, PlayerName",
     "INSERT INTO [SingleStats] (PlayerName, DateWon, Score, YakuCount) VALUES (?1, ?2, ?3, ?4)",
+    "PlayerName, DateWon, Score, YakuCount",
 };
 // SQLite keeps every index name of a file in one namespace, so a second index named "Score"
 // is refused; this one alone takes another name, its columns and order as they stand.
@@ -42,9 +45,32 @@ const TableDef kTournament = {
     "ScoreAverage DESC, Score DESC, DateWon DESC, PlayerName",
     "INSERT INTO [TournamentStats] (PlayerName, DateWon, Score, YakuCount, RoundsWon, Rounds, ScoreAverage, "
     "YakuAverage) VALUES (?1, ?2, ?3, ?4, ?5, ?6, ?7, ?8)",
+    "PlayerName, DateWon, Score, YakuCount, RoundsWon, Rounds, ScoreAverage, YakuAverage",
 };
 
 const TableDef& tableFor(bool tournament) { return tournament ? kTournament : kSingle; }
+
+// The first row of a table that is no record the game can have written, in words: a name of
+// at most 20 characters and a date text of at most 10, every number whole and of 32 bits.
+std::string oddRowQuery(const TableDef& table) {
+    std::string cases;
+    const std::string columns = table.columns;
+    for (std::size_t at = 0; at < columns.size();) {
+        const std::size_t end = std::min(columns.find(", ", at), columns.size());
+        const std::string c = columns.substr(at, end - at);
+        at = end + 2;
+        if (c == "PlayerName" || c == "DateWon") {
+            const std::string most = c == "PlayerName" ? "20" : "10";
+            cases += " WHEN typeof(" + c + ") <> 'text' OR length(" + c + ") > " + most + " THEN 'its " + c +
+                     " is no text of at most " + most + " characters'";
+        } else {
+            cases += " WHEN typeof(" + c + ") <> 'integer' OR " + c +
+                     " NOT BETWEEN -2147483648 AND 2147483647 THEN 'its " + c + " is no whole number of 32 bits'";
+        }
+    }
+    return "SELECT odd FROM (SELECT CASE" + cases + " END AS odd FROM [" + table.name +
+           "]) WHERE odd IS NOT NULL LIMIT 1";
+}
 
 // The rollback journal keeps the records in one file between runs, and a hot journal left by a
 // crash is rolled back at the next open; FULL syncs make each commit durable before it returns.
@@ -65,18 +91,42 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
     o.rc = sqlite3_open_v2(file.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
     if (o.rc == SQLITE_OK) {
         sqlite3_busy_timeout(db, lockWaitMs);
+        // The game's file holds two tables and their indexes. A view or a trigger of a file made
+        // elsewhere could run without end, or change rows behind the game's back: none runs.
+        sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
+        sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
         o.rc = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
         // A write-protected file opens read-only without a word; refuse it here, not at a write.
+        // So does a file whose header marks a format newer than SQLite may write, which no
+        // retry mends: the records are out of reach, as with any file that cannot be used.
         if (o.rc == SQLITE_OK && sqlite3_db_readonly(db, "main") == 1) {
-            o.rc = SQLITE_READONLY;
-            o.reason = std::string(sqlite3_errstr(o.rc)) + " (the file is write-protected)";
+            const bool writeProtected = ::access(file.c_str(), W_OK) != 0;
+            o.rc = writeProtected ? SQLITE_READONLY : SQLITE_CANTOPEN;
+            o.reason = writeProtected ? std::string(sqlite3_errstr(o.rc)) + " (the file is write-protected)"
+                                      : "it is of a newer format, which this program may read but not write";
             sqlite3_close(db);
             return o;
         }
     }
     if (o.rc == SQLITE_OK) o.rc = sqlite3_exec(db, kDurability, nullptr, nullptr, nullptr);
+    // A damaged file may read without an error and still mislead: an index that no longer
+    // matches its table orders and counts rows that are not there. Its first fault is told.
+    std::string fault;
+    if (o.rc == SQLITE_OK) {
+        SqliteStatement check(db, "PRAGMA integrity_check(1)");
+        o.rc = check.step();
+        if (o.rc == SQLITE_ROW) {
+            fault = check.text(0);
+            o.rc = fault == "ok" ? SQLITE_OK : SQLITE_CORRUPT;
+        }
+    }
     if (o.rc == SQLITE_OK) {
         o.db = db;
+        return o;
+    }
+    if (o.rc == SQLITE_CORRUPT && !fault.empty()) {
+        o.reason = "the file is damaged (" + fault.substr(0, std::min(fault.find('\n'), std::size_t{200})) + ")";
+        sqlite3_close(db);
         return o;
     }
     o.systemErrno = db ? sqlite3_system_errno(db) : 0;
@@ -104,19 +154,6 @@ bool accessDenied(const Opening& o) {
     default:
         return false;
     }
-}
-
-// An average as the table stores it: the quotient written with one decimal (half away from
-// zero), then taken to the nearest integer with an exact half going to the even neighbour.
-// Integer arithmetic, so that 1.45 is not the binary 1.4499... and written as "1.4".
-int storedAverage(int total, int rounds) {
-    const long long n = 10LL * std::llabs(total), d = std::llabs(rounds);
-    const bool negative = (total < 0) != (rounds < 0);
-    const long long tenths = (2 * n + d) / (2 * d);
-    long long whole = tenths / 10;
-    const long long rest = tenths % 10;
-    if (rest > 5 || (rest == 5 && whole % 2 == 1)) ++whole;
-    return static_cast<int>(negative ? -whole : whole);
 }
 
 }  // namespace
@@ -247,6 +284,31 @@ int HallOfFame::rowCount(const TableDef& table) {
     return count.integer(0);
 }
 
+// A file made or changed elsewhere may hold a view in a table's place, whose rows may never
+// end, or rows that the game never writes: text or nothing where a number belongs, a fraction,
+// a number beyond 32 bits, a name far too long. Such rows would show, sort and compare as no
+// record does, so their table is not read as records at all: the operation fails, telling
+// why, and the file stays as it is.
+int HallOfFame::recordCount(const TableDef& table) {
+    {
+        SqliteStatement kind(database(), "SELECT type FROM sqlite_master WHERE name = ?1 COLLATE NOCASE");
+        prepared(kind);
+        kind.bind(1, table.name);
+        if (kind.step() == SQLITE_ROW && kind.text(0) != "table")
+            throw Failure{SQLITE_MISMATCH, std::string("its ") + table.name + " is " +
+                                               (kind.text(0) == "index" ? "an " : "a ") + kind.text(0) +
+                                               ", not a table"};
+    }
+    SqliteStatement odd(database(), oddRowQuery(table));
+    prepared(odd);
+    const int rc = odd.step();
+    if (rc == SQLITE_ROW)
+        throw Failure{SQLITE_MISMATCH, std::string("a row of ") + table.name + " is no record of the game (" +
+                                           odd.text(0) + ")"};
+    if (rc != SQLITE_DONE) fail(rc);
+    return rowCount(table);
+}
+
 // One write, whole or not at all: a failure inside rolls back.
 void HallOfFame::transaction(const std::function<void()>& writes) {
     exec("BEGIN IMMEDIATE");
@@ -266,7 +328,7 @@ bool HallOfFame::IsHighScore(int GameType, int Score) {
     const TableDef& table = tableFor(tournament);
     bool high = false;
     guarded("read to test the score", [&] {
-        HighScoreBar::Bar bar{rowCount(table), 0};
+        HighScoreBar::Bar bar{recordCount(table), 0};
         if (bar.rows < kRows) {
             high = true;
             bar_.remember(tournament, stamp, bar);
@@ -286,6 +348,8 @@ bool HallOfFame::IsHighScore(int GameType, int Score) {
 }
 
 // Ten rows of fields; where the table has run out, and where it cannot be read, a row is blank.
+// The columns are asked for by name, so that a table made elsewhere with its columns in
+// another order, or with more of them, still shows each value under its heading.
 std::string HallOfFame::GetHallOfFame(int GameType) {
     const bool tournament = GameType != 0;
     const TableDef& table = tableFor(tournament);
@@ -293,8 +357,9 @@ std::string HallOfFame::GetHallOfFame(int GameType) {
     std::vector<std::vector<std::string>> rows;
     guarded("read", [&] {
         rows.clear();
-        SqliteStatement query(database(), std::string("SELECT * FROM [") + table.name + "] ORDER BY " + table.order +
-                                              " LIMIT " + std::to_string(kRows));
+        recordCount(table);
+        SqliteStatement query(database(), std::string("SELECT ") + table.columns + " FROM [" + table.name +
+                                              "] ORDER BY " + table.order + " LIMIT " + std::to_string(kRows));
         prepared(query);
         int rc;
         while ((rc = query.step()) == SQLITE_ROW) {
@@ -320,6 +385,7 @@ void HallOfFame::AddHallOfFameEntry(const std::string& PlayerName, int Score, in
     bar_.forget();
     guarded("written", [&] {
         transaction([&] {
+            recordCount(table);
             insertRow(table, PlayerName, Score, YakuCount, RoundsWon, Rounds);
             // The count is exact: the entry that makes more than ten rows takes the last in the
             // order away, wherever it stands.
@@ -347,6 +413,19 @@ void HallOfFame::insertRow(const TableDef& table, const std::string& PlayerName,
     }
     const int rc = insert.step();
     if (rc != SQLITE_DONE) fail(rc);
+}
+
+// An average as the table stores it: the quotient written with one decimal (half away from
+// zero), then taken to the nearest integer with an exact half going to the even neighbour.
+// Integer arithmetic, so that 1.45 is not the binary 1.4499... and written as "1.4".
+int HallOfFame::storedAverage(int total, int rounds) {
+    const long long n = 10LL * std::llabs(total), d = std::llabs(rounds);
+    const bool negative = (total < 0) != (rounds < 0);
+    const long long tenths = (2 * n + d) / (2 * d);
+    long long whole = tenths / 10;
+    const long long rest = tenths % 10;
+    if (rest > 5 || (rest == 5 && whole % 2 == 1)) ++whole;
+    return static_cast<int>(negative ? -whole : whole);
 }
 
 std::string HallOfFame::fieldText(const std::string& value) {

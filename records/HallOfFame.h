@@ -45,6 +45,10 @@ public:
     static std::string fieldText(const std::string& value);
     static std::string fieldValue(const std::string& text);
 
+    // An average as the tournament's table stores it: the quotient to one decimal, then to the
+    // nearest whole number, an exact half to the even one.
+    static int storedAverage(int total, int rounds);
+
     // One table's statements, kept beside the code that sends them.
     struct TableDef;
 
@@ -62,6 +66,7 @@ private:
     void prepared(const SqliteStatement& statement) const;
     void exec(const std::string& sql);
     int rowCount(const TableDef& table);
+    int recordCount(const TableDef& table);
     void transaction(const std::function<void()>& writes);
     void insertRow(const TableDef& table, const std::string& PlayerName, int Score, int YakuCount, int RoundsWon,
                    int Rounds);

@@ -111,7 +111,9 @@ void FrmMain::mnuSetup_Click() {
     menu.mnuVScore.Enabled = g.gGameType != 0;
     if (g.gPlayMode <= 0) {
         menu.mnuVChat.Enabled = false;
-        m.mTurn = 0;
+        // The player leads a game that the dialog has reset; a deal that No left running
+        // keeps its turn, or the computer's move under way would end on the player's turn.
+        if (g.gGameInProgress <= 0) m.mTurn = 0;
         setMousePointer(kPointerDefault);
         return;
     }

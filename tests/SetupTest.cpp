@@ -4,6 +4,9 @@
 #include <sstream>
 
 #include "GameFixture.h"
+#include "Policy.h"
+#include "SimPlay.h"
+#include "records/FrmHOFWinner.h"
 #include "shell/FrmSetup.h"
 
 namespace petal::test {
@@ -182,6 +185,31 @@ TEST_F(Setup, ARunningGameAsksBeforeItIsReset) {
     EXPECT_EQ(program->g.gGameInProgress, 0);
     EXPECT_FALSE(f->ctl.imgPCard[0].hasPicture());
     EXPECT_EQ(f->m.mTurn, 0);
+}
+
+// OK and No while the computer was on turn used to hand the turn to the player in the middle of
+// the computer's move: the deal ran past eight plays a side and never ended.
+TEST_F(Setup, NoToTheResetLeavesTheComputersTurnAndTheDealEnds) {
+    f->dealer.imgDeck_Click();
+    sim::Policy policy(false, 0);
+    for (int steps = 0; steps < 1'000 && !(f->m.mTurn == 1 && f->tmrComputer.Enabled()); ++steps)
+        if (!sim::localMove(*f, policy)) {
+            ASSERT_TRUE(host->step());
+        }
+    ASSERT_EQ(f->m.mTurn, 1);
+    host->onMsgBox = [](const MsgBox& box) { return box.title == "Reset Game" ? MsgResult::No : MsgResult::OK; };
+    openSetup([](FrmSetup& d) { d.cmdOK_Click(); });
+    EXPECT_EQ(f->m.mTurn, 1);
+
+    int ended = 0;
+    host->onMsgBox = [&](const MsgBox& box) {
+        ended += box.title == "Play Again?";
+        return MsgResult::No;
+    };
+    host->onForm = [](Form& form) { dynamic_cast<FrmHOFWinner&>(form).cmdCancel_Click(); };
+    for (int steps = 0; steps < 5'000 && !host->ending(); ++steps)
+        if (!sim::localMove(*f, policy) && !host->step()) break;
+    EXPECT_EQ(ended, 1) << "plays " << f->m.mPlayerPlays << "/" << f->m.mCompPlays;
 }
 
 }  // namespace

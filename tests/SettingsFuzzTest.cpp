@@ -1,0 +1,85 @@
+// The settings file under the seeded fuzzer: a run of files of its own making, the kept inputs
+// of tests/fuzz-corpus/settings (each of which once broke a rule, or starts a kind of file), and
+// the harness itself: its idea of the file as the program writes it, and its eye for what a
+// player would never see.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <stdexcept>
+
+#include "FileRig.h"
+#include "FuzzTargets.h"
+#include "SeededFuzzer.h"
+#include "SettingsSampler.h"
+#include "SettingsTarget.h"
+#include "records/Gardenia.h"
+
+namespace petal::fuzz {
+namespace {
+
+constexpr long kSeededRuns = 20'000;
+
+TEST(SettingsFuzz, ASeededRunOfTwentyThousandFilesBreaksNoRule) {
+    SettingsTarget target(fuzzScratch());
+    const SeededFuzzer::Result result = SeededFuzzer::run(target, 20261123, kSeededRuns, 600.0);
+    EXPECT_EQ(result.failure, "") << "input " << SeededFuzzer::hex(result.input);
+    EXPECT_EQ(result.runs, kSeededRuns);
+    std::printf("%ld inputs in %.1f s (%.0f/s): %s\n", result.runs, result.seconds, result.runs / result.seconds,
+                target.stats().c_str());
+    // Each way through the program takes a good share of the files, or it is not fuzzed.
+    EXPECT_GT(target.started(), kSeededRuns / 2);
+    EXPECT_GT(target.refused(), kSeededRuns / 20);
+    EXPECT_GT(target.replaced(), kSeededRuns / 20);
+    EXPECT_GT(target.saved(), kSeededRuns / 10);
+}
+
+TEST(SettingsFuzz, TheKeptInputsRunClean) {
+    const std::filesystem::path corpus = std::filesystem::path(PETAL_SOURCE_DIR) / "tests/fuzz-corpus/settings";
+    int inputs = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(corpus)) {
+        SettingsTarget target(fuzzScratch());
+        EXPECT_EQ(SeededFuzzer::replay(target, entry.path()), "") << entry.path().filename();
+        ++inputs;
+    }
+    EXPECT_GE(inputs, 10);
+}
+
+// The target takes a file of these bytes for one that the program wrote, and holds the program
+// to reading it back exactly.
+TEST(SettingsFuzz, TheHarnessKnowsTheFileAsTheProgramWritesIt) {
+    FileRig rig(fuzzScratch());
+    ASSERT_TRUE(rig.start());
+    std::string bytes;
+    ASSERT_TRUE(rig.read(Gardenia::kFileName, bytes));
+    EXPECT_EQ(bytes, SettingsSampler::written(0, 10, -1, 0));
+    ASSERT_TRUE(rig.act([&] { rig.f().settings.WriteSettings(1, -32768, 1, 2); }));
+    ASSERT_TRUE(rig.read(Gardenia::kFileName, bytes));
+    EXPECT_EQ(bytes, SettingsSampler::written(1, -32768, 1, 2));
+}
+
+TEST(SettingsFuzz, WhatAPlayerWouldNeverSeeIsTheRigsFailure) {
+    {
+        FileRig rig(fuzzScratch());
+        ASSERT_TRUE(rig.start());
+        EXPECT_FALSE(rig.act([] { throw std::out_of_range("gRoundScores(0, 21)"); }));
+        EXPECT_NE(rig.failure().find("a box that a player would never see: Subscript out of range"), std::string::npos)
+            << rig.failure();
+    }
+    {
+        FileRig rig(fuzzScratch());
+        ASSERT_TRUE(rig.start());
+        EXPECT_FALSE(rig.act([] { throw 7; }));
+        EXPECT_EQ(rig.failure(), "an exception out of the program");
+        EXPECT_FALSE(rig.act([] {})) << "a failed rig runs nothing more";
+    }
+    {
+        FileRig rig(fuzzScratch());
+        ASSERT_TRUE(rig.start());
+        rig.onForm = [](Form&) {};  // the Hall of Fame is left open
+        EXPECT_FALSE(rig.act([&] { rig.f().mnuVHallofFame_Click(); }));
+        EXPECT_NE(rig.failure().find("the form frmHOF stands"), std::string::npos) << rig.failure();
+    }
+}
+
+}  // namespace
+}  // namespace petal::fuzz
