@@ -83,7 +83,7 @@ TEST_F(HallOfFameTest, AnotherProgramsChangesAreSeenAtTheNextWonDeal) {
     EXPECT_FALSE(hof.IsHighScore(0, 20));
     query("DELETE FROM SingleStats WHERE Score = 20");
     EXPECT_TRUE(hof.IsHighScore(0, 1)) << "nine rows take any score";
-    query("INSERT INTO SingleStats (PlayerName, Score) VALUES ('Tenth', 35)");
+    query("INSERT INTO SingleStats (PlayerName, DateWon, Score, YakuCount) VALUES ('Tenth', '11/22/2026', 35, 0)");
     EXPECT_FALSE(hof.IsHighScore(0, 35));
 }
 
