@@ -12,10 +12,11 @@ void endWith(Host& host, const std::string& title, const std::string& text) {
 }
 }  // namespace
 
-void runHandler(Host& host, const std::function<void()>& handler) {
-    if (host.ending()) return;
+bool handlersRun(const Host& host) { return !host.ending(); }
+
+void endAfterFailure(Host& host, std::exception_ptr failure) {
     try {
-        handler();
+        std::rethrow_exception(failure);
     } catch (const FatalError& e) {
         endWith(host, e.title(), e.what());
     } catch (const std::out_of_range& e) {

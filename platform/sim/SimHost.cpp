@@ -47,38 +47,18 @@ void SimHost::schedule(std::int64_t at, std::function<void()> call) {
     calls_.push_back({{std::max(at, now()), nextSeq()}, std::move(call)});
 }
 
-Timer* SimHost::nextTimer() const {
-    Timer* best = nullptr;
-    Key bestKey{};
-    for (const auto& [timer, key] : due_) {
-        if (timer->ticking()) continue;
-        if (!best || key < bestKey) {
-            best = timer;
-            bestKey = key;
-        }
-    }
-    return best;
-}
-
-std::optional<SimHost::Key> SimHost::nextKey() const {
-    if (!nextKnown_) {
-        next_ = findNextKey();
-        nextKnown_ = true;
-    }
-    return next_;
-}
-
 bool SimHost::idle() const {
     const std::optional<Key> key = nextKey();
     return !key || key->at > now();
 }
 
-std::optional<SimHost::Key> SimHost::findNextKey() const {
-    std::optional<Key> best;
-    if (Timer* timer = nextTimer()) best = due_.at(timer);
-    for (const Call& c : calls_)
-        if (!best || c.key < *best) best = c.key;
-    return best;
+void SimHost::findNext() const {
+    next_.reset();
+    for (const auto& [timer, key] : due_)
+        if (!timer->ticking() && (!next_ || key < next_->key)) next_ = Next{key, timer, 0};
+    for (std::size_t i = 0; i < calls_.size(); ++i)
+        if (!next_ || calls_[i].key < next_->key) next_ = Next{calls_[i].key, nullptr, i};
+    nextKnown_ = true;
 }
 
 void SimHost::fire(Timer& timer, std::int64_t at) {
@@ -93,22 +73,20 @@ void SimHost::fire(Timer& timer, std::int64_t at) {
     std::int64_t next = at + timer.Interval();
     while (next <= now() && next > at) next += timer.Interval();
     due_[&timer] = Key{next, nextSeq()};
-    changed();
 }
 
 void SimHost::runNextDue() {
-    const std::optional<Key> key = nextKey();
-    if (!key) return;
-    Timer* timer = nextTimer();
-    if (timer && due_.at(timer).seq == key->seq && due_.at(timer).at == key->at) {
-        fire(*timer, key->at);
+    const Next* n = next();
+    if (!n) return;
+    const Key key = n->key;
+    if (n->timer) {
+        fire(*n->timer, key.at);
         return;
     }
-    const auto it = std::find_if(calls_.begin(), calls_.end(), [&](const Call& c) { return c.key.seq == key->seq; });
-    std::function<void()> call = std::move(it->call);
-    calls_.erase(it);
+    std::function<void()> call = std::move(calls_[n->call].call);
+    calls_.erase(calls_.begin() + static_cast<std::ptrdiff_t>(n->call));
     changed();
-    if (key->at > now()) *clock_ = key->at;
+    if (key.at > now()) *clock_ = key.at;
     call();
 }
 
@@ -170,11 +148,16 @@ void SimHost::waitUntil(const std::function<bool()>& done) {
 }
 
 void SimHost::runCommand() {
-    std::function<void()> command = std::move(command_);
-    command_ = nullptr;
-    if (!command) return;
+    const Command command = command_;
+    command_ = Command::None;
     try {
-        runHandler(*this, command);
+        if (command == Command::RunDue) {
+            runHandler(*this, [this] { runNextDue(); });
+        } else if (command == Command::Act) {
+            const std::function<void()> action = std::move(action_);
+            action_ = nullptr;
+            runHandler(*this, action);
+        }
     } catch (...) {
         failure_ = std::current_exception();
     }
@@ -239,6 +222,7 @@ std::unique_ptr<Socket> SimHost::createSocket() {
 void SimHost::endProgram() {
     if (ending_) return;
     ending_ = true;
+    if (world_) world_->unwindDue_ = true;
     for (SimSocket* socket : sockets_) socket->Close();
 }
 

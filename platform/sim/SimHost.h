@@ -107,14 +107,28 @@ private:
         MsgResult answer;
     };
 
-    std::optional<Key> nextKey() const;
-    std::optional<Key> findNextKey() const;
+    // The earliest due event: an armed timer not ticking now, or a call (by its index).
+    struct Next {
+        Key key;
+        Timer* timer;
+        std::size_t call;
+    };
+    const Next* next() const {
+        if (!nextKnown_) findNext();
+        return next_ ? &*next_ : nullptr;
+    }
+    std::optional<Key> nextKey() const {
+        const Next* n = next();
+        return n ? std::optional<Key>(n->key) : std::nullopt;
+    }
+    void findNext() const;
     void changed() { nextKnown_ = false; }
     // Fires the earliest due event (timer or call), moving the clock to it.
     void runNextDue();
     void fire(Timer& timer, std::int64_t at);
-    Timer* nextTimer() const;
     std::uint64_t nextSeq() { return (*seq_)++; }
+    // What the world has asked this program's stack to do when it is resumed.
+    enum class Command { None, RunDue, Act };
     void runCommand();
 
     std::filesystem::path folder_;
@@ -151,8 +165,8 @@ private:
         auto end() const { return list.end(); }
     } due_;
     std::vector<Call> calls_;
-    // The earliest due event, kept until the timers or calls change (or a tick starts or ends).
-    mutable std::optional<Key> next_;
+    // Kept until the timers or calls change (or a tick starts or ends).
+    mutable std::optional<Next> next_;
     mutable bool nextKnown_ = false;
     std::int64_t clockBase_ = 12 * 3600;  // seconds of the day at virtual time 0
     int year_ = 2026, month_ = 11, day_ = 22;
@@ -165,7 +179,8 @@ private:
     // In a world.
     SimWorld* world_ = nullptr;
     std::unique_ptr<Fiber> fiber_;
-    std::function<void()> command_;
+    Command command_ = Command::None;
+    std::function<void()> action_;  // for Command::Act
     std::exception_ptr failure_;
     int waitDepth_ = 0;
     int modalDepth_ = 0;

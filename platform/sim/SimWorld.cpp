@@ -34,17 +34,17 @@ void SimWorld::leave(SimHost& host) {
     hosts_.erase(std::remove(hosts_.begin(), hosts_.end(), &host), hosts_.end());
 }
 
-void SimWorld::resume(SimHost& host, std::function<void()> command) {
+void SimWorld::resume(SimHost& host) {
     if (Fiber::current()) throw UnexpectedPrompt("a world is driven from the main stack, not from a program's");
-    host.command_ = std::move(command);
     host.fiber_->resume();
     if (host.failure_) {
         std::exception_ptr failure = host.failure_;
         host.failure_ = nullptr;
         host.ending_ = true;  // its stack is in no state to go on
+        unwindDue_ = true;
         std::rethrow_exception(failure);
     }
-    unwindEnded();
+    if (unwindDue_) unwindEnded();
 }
 
 void SimWorld::endAll() {
@@ -53,39 +53,37 @@ void SimWorld::endAll() {
 }
 
 void SimWorld::unwindEnded() {
-    for (SimHost* host : hosts_)
+    unwindDue_ = false;
+    for (SimHost* host : hosts_) {
         for (int guard = 0; host->ending_ && host->waiting() && guard < 64; ++guard) {
-            host->command_ = nullptr;
+            host->command_ = SimHost::Command::None;
             host->fiber_->resume();
         }
+        if (host->ending_ && host->waiting()) unwindDue_ = true;  // tried again at the next resume
+    }
 }
 
-bool SimWorld::step() {
+bool SimWorld::stepBefore(std::int64_t end) {
     SimHost* best = nullptr;
-    SimHost::Key bestKey{};
+    const SimHost::Next* bestNext = nullptr;
     for (SimHost* host : hosts_) {
         if (host->ending_) continue;
-        const auto key = host->nextKey();
-        if (key && (!best || *key < bestKey)) {
+        const SimHost::Next* next = host->next();
+        if (next && (!bestNext || next->key < bestNext->key)) {
             best = host;
-            bestKey = *key;
+            bestNext = next;
         }
     }
-    if (!best) return false;
-    resume(*best, [best] { best->runNextDue(); });
+    if (!best || bestNext->key.at > end) return false;
+    best->command_ = SimHost::Command::RunDue;
+    resume(*best);
     return true;
 }
 
 bool SimWorld::runUntil(const std::function<bool()>& done, std::int64_t limitMs) {
     const std::int64_t end = now_ + limitMs;
-    while (!done()) {
-        SimHost::Key bestKey{end + 1, 0};
-        for (SimHost* host : hosts_) {
-            if (host->ending_) continue;
-            if (const auto key = host->nextKey(); key && *key < bestKey) bestKey = *key;
-        }
-        if (bestKey.at > end || !step()) return false;
-    }
+    while (!done())
+        if (!stepBefore(end)) return false;
     return true;
 }
 
@@ -97,7 +95,9 @@ void SimWorld::advance(std::int64_t ms) {
 
 void SimWorld::act(SimHost& host, std::function<void()> fn) {
     if (host.ending_) return;
-    resume(host, std::move(fn));
+    host.command_ = SimHost::Command::Act;
+    host.action_ = std::move(fn);
+    resume(host);
 }
 
 }  // namespace petal

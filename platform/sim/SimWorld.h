@@ -3,6 +3,7 @@
 // runs its handlers on a stack of its own; the world, on the caller's stack, runs the next due
 // event of whichever host has one, so that nested waits of two programs never hold each other
 // up. Everything is deterministic: the same calls give the same run.
+#include <climits>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -27,7 +28,7 @@ public:
     SimNetwork& network() { return *network_; }
 
     // Runs the next due event of any host. False when no host has one.
-    bool step();
+    bool step() { return stepBefore(INT64_MAX); }
     // Steps until done() holds; false if time passes limitMs or nothing is left to run.
     bool runUntil(const std::function<bool()>& done, std::int64_t limitMs);
     void advance(std::int64_t ms);
@@ -41,12 +42,15 @@ public:
 private:
     friend class SimHost;
     void leave(SimHost& host);
-    void resume(SimHost& host, std::function<void()> command);
+    // Runs the next due event of any host if it falls at or before `end`.
+    bool stepBefore(std::int64_t end);
+    void resume(SimHost& host);
     // A program that has ended leaves its open waits, so that its stack unwinds.
     void unwindEnded();
 
     std::int64_t now_ = 0;
     std::uint64_t seq_ = 0;
+    bool unwindDue_ = false;  // a program has ended since the last unwinding
     std::vector<SimHost*> hosts_;
     std::unique_ptr<SimNetwork> network_;
 };
