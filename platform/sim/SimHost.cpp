@@ -44,7 +44,18 @@ void SimHost::timerRemoved(Timer& timer) {
 
 void SimHost::schedule(std::int64_t at, std::function<void()> call) {
     changed();
-    calls_.push_back({{std::max(at, now()), nextSeq()}, std::move(call)});
+    calls_.push_back({{std::max(at, now()), nextSeq()}, std::move(call), nullptr, nullptr});
+}
+
+void SimHost::scheduleSocketEvent(std::int64_t at, SimSocket& socket, std::function<void(SimSocket&)> event) {
+    changed();
+    calls_.push_back({{std::max(at, now()), nextSeq()}, nullptr, &socket, std::move(event)});
+}
+
+void SimHost::socketGone(const SimSocket& socket) {
+    for (Call& c : calls_)
+        if (c.socket == &socket) c.socket = nullptr;
+    sockets_.erase(std::remove(sockets_.begin(), sockets_.end(), &socket), sockets_.end());
 }
 
 bool SimHost::idle() const {
@@ -83,11 +94,15 @@ void SimHost::runNextDue() {
         fire(*n->timer, key.at);
         return;
     }
-    std::function<void()> call = std::move(calls_[n->call].call);
+    Call c = std::move(calls_[n->call]);
     calls_.erase(calls_.begin() + static_cast<std::ptrdiff_t>(n->call));
     changed();
     if (key.at > now()) *clock_ = key.at;
-    call();
+    if (c.socketEvent) {
+        if (c.socket) c.socketEvent(*c.socket);
+    } else {
+        c.call();
+    }
 }
 
 bool SimHost::step() {

@@ -98,10 +98,15 @@ private:
         std::uint64_t seq;
         bool operator<(const Key& o) const { return at != o.at ? at < o.at : seq < o.seq; }
     };
+    // A call of the program, or an event of one of its sockets, which lapses if the socket goes.
     struct Call {
         Key key;
         std::function<void()> call;
+        SimSocket* socket = nullptr;
+        std::function<void(SimSocket&)> socketEvent;
     };
+    void scheduleSocketEvent(std::int64_t at, SimSocket& socket, std::function<void(SimSocket&)> event);
+    void socketGone(const SimSocket& socket);
     struct Expected {
         std::string text, title;
         MsgResult answer;

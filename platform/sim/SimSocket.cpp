@@ -12,11 +12,7 @@ SimSocket::SimSocket(SimHost& host, SimNetwork* network)
 
 SimSocket::~SimSocket() {
     if (network_) network_->remove(*this);
-    if (host_) {
-        auto& list = host_->sockets_;
-        list.erase(std::remove(list.begin(), list.end(), this), list.end());
-    }
-    *alive_ = false;
+    if (host_) host_->socketGone(*this);
 }
 
 void SimSocket::requireClosed() const {
@@ -25,9 +21,7 @@ void SimSocket::requireClosed() const {
 
 void SimSocket::post(std::int64_t delay, std::function<void(SimSocket&)> event) {
     if (!host_) return;
-    host_->schedule(host_->now() + delay, [alive = alive_, self = this, event = std::move(event)] {
-        if (*alive) event(*self);
-    });
+    host_->scheduleSocketEvent(host_->now() + delay, *this, std::move(event));
 }
 
 void SimSocket::raiseError(int number, const std::string& description) {

@@ -43,7 +43,6 @@ private:
 
     SimHost* host_;
     SimNetwork* network_;
-    std::shared_ptr<bool> alive_ = std::make_shared<bool>(true);
     int id_;
     int state_ = sckClosed;
 };
