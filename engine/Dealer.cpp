@@ -43,7 +43,7 @@ void Dealer::NewGame(bool ClearOnly) {
     c.shpFlipCard.Visible = false;
     for (ScorePanel& p : c.panel) {
         p.imgGagi.Visible = false;
-        p.imgGagi.Tag = "-1";
+        p.imgGagi.Tag = -1;
         p.imgTurn.Visible = false;
     }
     for (Image& banner : c.imgWinLose) banner.Picture = NoPicture;

@@ -20,7 +20,7 @@ void HandPlay::HiliteCards(std::string_view Zone, int Slot, bool Show) {
             c.shpPHilite.Tag = Slot;
         } else {
             c.shpPHilite.Visible = false;
-            c.shpPHilite.Tag = "-1";
+            c.shpPHilite.Tag = -1;
         }
         c.bringToFront(c.shpPHilite);
     } else if (Zone == "T") {
@@ -42,7 +42,7 @@ int HandPlay::RelativeCheck(int Position, bool Show) {
     int bestPoints = 0;
     for (int i = 0; i < slots; ++i) {
         const TagText& tag = table[i].Tag;
-        if (tag == "-1") continue;
+        if (tag.is(-1)) continue;
         const CardRecord& other = cards.at(tag.value());
         const bool matches = wild || other.sameMonth(card);
         if (Show) HiliteCards("T", i, matches);
@@ -62,7 +62,7 @@ CaptureChoice HandPlay::captureChoice() const {
     int anyPoints = 0;
     for (int i = 0; i < static_cast<int>(table.size()); ++i) {
         const TagText& tag = table[i].Tag;
-        if (tag == "-1") continue;
+        if (tag.is(-1)) continue;
         const CardRecord& other = cards.at(tag.value());
         if (choice.any < 0 || other.Points > anyPoints) {
             choice.any = i;
@@ -142,7 +142,7 @@ void HandPlay::imgTCard_Click(int Slot) {
         f_.flip.FlipCard();
     else if (m.mPlayerPlays == 8 && m.mCompPlays == 8)
         f_.EndMatch();
-    c.shpPHilite.Tag = "-1";
+    c.shpPHilite.Tag = -1;
 }
 
 void HandPlay::passTurnIfFlipped() {
@@ -176,7 +176,7 @@ void HandPlay::imgTable_Click() {
         Image& card = c.imgCCard.at(m.mCompCard);
         card.Picture = NoPicture;
         card.Visible = false;
-        card.Tag = "-1";
+        card.Tag = -1;
     }
 }
 
