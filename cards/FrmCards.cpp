@@ -84,24 +84,34 @@ CardRecord FrmCards::parseCard(int n) {
     return card;
 }
 
+namespace {
+
+// Made once, out of line, so that the look-ups below, which a deal makes often, stay a few
+// instructions.
+[[gnu::noinline]] std::array<CardRecord, FrmCards::kCards> makeCards() {
+    std::array<CardRecord, FrmCards::kCards> all;
+    for (int n = 1; n <= FrmCards::kCards; ++n) all[n - 1] = FrmCards::parseCard(n);
+    return all;
+}
+
+[[gnu::noinline]] std::array<std::string, FrmCards::kCards> makeToolTips() {
+    std::array<std::string, FrmCards::kCards> all;
+    for (int n = 1; n <= FrmCards::kCards; ++n) {
+        const CardRecord& c = FrmCards::card(n);
+        all[n - 1] = std::string(c.Name) + " (" + std::to_string(c.Points) + " pts.)";
+    }
+    return all;
+}
+
+}  // namespace
+
 const CardRecord& FrmCards::card(int n) {
-    static const auto cards = [] {
-        std::array<CardRecord, kCards> all;
-        for (int n = 1; n <= kCards; ++n) all[n - 1] = parseCard(n);
-        return all;
-    }();
+    static const auto cards = makeCards();
     return cards.at(n - 1);
 }
 
 const std::string& cardToolTip(const CardRecord& card) {
-    static const auto tips = [] {
-        std::array<std::string, FrmCards::kCards> all;
-        for (int n = 1; n <= FrmCards::kCards; ++n) {
-            const CardRecord& c = FrmCards::card(n);
-            all[n - 1] = std::string(c.Name) + " (" + std::to_string(c.Points) + " pts.)";
-        }
-        return all;
-    }();
+    static const auto tips = makeToolTips();
     return tips.at(card.Index);
 }
 

@@ -43,7 +43,7 @@ void Dealer::NewGame(bool ClearOnly) {
     c.shpFlipCard.Visible = false;
     for (ScorePanel& p : c.panel) {
         p.imgGagi.Visible = false;
-        p.imgGagi.Tag = "-1";
+        p.imgGagi.Tag = -1;
         p.imgTurn.Visible = false;
     }
     for (Image& banner : c.imgWinLose) banner.Picture = NoPicture;
@@ -96,7 +96,7 @@ void Dealer::resetYakuRows(bool ClearOnly) {
         Image& mine = c.imgPYaku[i];
         Image& theirs = c.imgCYaku[i];
         if (f_.g.gUseYaku) {
-            const PictureId grey = ClearOnly ? NoPicture : ilsYaku(yakuKey(f_.g.gYakuCodes[i])).Picture;
+            const PictureId grey = ClearOnly ? NoPicture : greyThumbnail(i);
             theirs.Picture = mine.Picture = grey;
             theirs.Visible = mine.Visible = true;
             mine.Tag = 48 + i;
@@ -109,6 +109,14 @@ void Dealer::resetYakuRows(bool ClearOnly) {
         }
     }
     if (f_.g.gUseYaku && c.picYakuShow.Visible) f_.yaku.reloadPanel();
+}
+
+PictureId Dealer::greyThumbnail(int slot) {
+    if (!greyKnown_.at(slot)) {
+        grey_[slot] = ilsYaku(yakuKey(f_.g.gYakuCodes[slot])).Picture;
+        greyKnown_[slot] = true;
+    }
+    return grey_[slot];
 }
 
 void Dealer::ShuffleCards() {

@@ -1,5 +1,8 @@
 #pragma once
+#include <array>
 #include <string>
+
+#include "assets/Pictures.h"
 
 namespace petal {
 
@@ -23,11 +26,15 @@ private:
     void clearHandsAndTable();
     void clearPiles();
     void resetYakuRows(bool ClearOnly);
+    // The grey thumbnail of a yaku slot, looked up once: the slots' codes are set at the start.
+    PictureId greyThumbnail(int slot);
     void layOutDeal();
     void showLeader();
 
     FrmMain& f_;
     unsigned serial_ = 0;
+    std::array<PictureId, 24> grey_{};
+    std::array<bool, 24> greyKnown_{};
 };
 
 }  // namespace petal

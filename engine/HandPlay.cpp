@@ -20,15 +20,20 @@ void HandPlay::HiliteCards(std::string_view Zone, int Slot, bool Show) {
             c.shpPHilite.Tag = Slot;
         } else {
             c.shpPHilite.Visible = false;
-            c.shpPHilite.Tag = "-1";
+            c.shpPHilite.Tag = -1;
         }
         c.bringToFront(c.shpPHilite);
     } else if (Zone == "T") {
-        Shape& frame = c.shpTHilite.at(Slot);
-        frame.BorderColor = colour;
-        frame.Visible = Show;
-        c.bringToFront(frame);
+        frameTableSlot(Slot, Show, colour);
     }
+}
+
+void HandPlay::frameTableSlot(int Slot, bool Show, std::uint32_t colour) {
+    TableModel& c = f_.ctl;
+    Shape& frame = c.shpTHilite.at(Slot);
+    frame.BorderColor = colour;
+    frame.Visible = Show;
+    c.bringToFront(frame);
 }
 
 int HandPlay::RelativeCheck(int Position, bool Show) {
@@ -39,13 +44,15 @@ int HandPlay::RelativeCheck(int Position, bool Show) {
     const bool wild = card.isWild();
     const auto& table = f_.ctl.imgTCard;
     const int slots = static_cast<int>(table.size());
+    // The frames' colour is the turn's, as HiliteCards gives it; read once for all the slots.
+    const std::uint32_t colour = Show ? f_.m.mHiliteColor.at(f_.m.mTurn) : 0;
     int bestPoints = 0;
     for (int i = 0; i < slots; ++i) {
         const TagText& tag = table[i].Tag;
-        if (tag == "-1") continue;
+        if (tag.is(-1)) continue;
         const CardRecord& other = cards.at(tag.value());
         const bool matches = wild || other.sameMonth(card);
-        if (Show) HiliteCards("T", i, matches);
+        if (Show) frameTableSlot(i, matches, colour);
         if (matches && (best < 0 || other.Points > bestPoints)) {
             best = i;
             bestPoints = other.Points;
@@ -62,7 +69,7 @@ CaptureChoice HandPlay::captureChoice() const {
     int anyPoints = 0;
     for (int i = 0; i < static_cast<int>(table.size()); ++i) {
         const TagText& tag = table[i].Tag;
-        if (tag == "-1") continue;
+        if (tag.is(-1)) continue;
         const CardRecord& other = cards.at(tag.value());
         if (choice.any < 0 || other.Points > anyPoints) {
             choice.any = i;
@@ -142,7 +149,7 @@ void HandPlay::imgTCard_Click(int Slot) {
         f_.flip.FlipCard();
     else if (m.mPlayerPlays == 8 && m.mCompPlays == 8)
         f_.EndMatch();
-    c.shpPHilite.Tag = "-1";
+    c.shpPHilite.Tag = -1;
 }
 
 void HandPlay::passTurnIfFlipped() {
@@ -176,7 +183,7 @@ void HandPlay::imgTable_Click() {
         Image& card = c.imgCCard.at(m.mCompCard);
         card.Picture = NoPicture;
         card.Visible = false;
-        card.Tag = "-1";
+        card.Tag = -1;
     }
 }
 

@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <string_view>
 
 #include "engine/CaptureChoice.h"
@@ -28,6 +29,8 @@ public:
     void hideTableFrames();
 
 private:
+    // HiliteCards("T", Slot, Show) with the turn's colour already read.
+    void frameTableSlot(int Slot, bool Show, std::uint32_t colour);
     int selectedHandSlot() const;
     void passTurnIfFlipped();
 

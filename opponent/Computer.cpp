@@ -146,7 +146,7 @@ void Computer::commitSelection(int slot, bool highlight) {
     m.mCompDeckPos = card.Tag.value();
     card.Picture = m.mCards.at(m.mCompDeckPos).Picture;
     if (highlight) f_.play.RelativeCheck(m.mCompDeckPos, true);
-    card.Tag = "-1";
+    card.Tag = -1;
 }
 
 void Computer::CompDropCard() {

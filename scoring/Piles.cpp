@@ -1,5 +1,9 @@
 #include "scoring/Piles.h"
 
+#include <charconv>
+#include <string>
+#include <string_view>
+
 #include "cards/FrmCards.h"
 #include "cards/Val.h"
 #include "shell/FrmMain.h"
@@ -20,7 +24,19 @@ int rowOf(int points) {
     }
 }
 
-constexpr const char* kRowCaption[3] = {"20 x ", "10 x ", "5 x "};
+constexpr std::string_view kRowCaption[3] = {"20 x ", "10 x ", "5 x "};
+
+// Sets a caption to a prefix and a number in decimal, leaving it alone if it reads so already.
+void setCaption(std::string& caption, std::string_view prefix, int number) {
+    char text[32];
+    prefix.copy(text, prefix.size());
+    const char* end = std::to_chars(text + prefix.size(), text + sizeof text, number).ptr;
+    const std::string_view wanted(text, static_cast<std::size_t>(end - text));
+    if (caption == wanted) return;
+    // Clear and append: cheaper than assign for texts this short, which fit in place.
+    caption.clear();
+    caption.append(wanted);
+}
 
 // Valued rows lay seven cards side by side, then a second layer shifted by half a card; the
 // chaff row fans in half-card steps and wraps after fifteen.
@@ -69,8 +85,8 @@ void Piles::SendToPoints(int side, int CardPos, bool ByGCard, int PairIndex) {
         auto& points = f_.m.mPoints.at(t);
         points[0][row] += 1;
         points[1][row] += card.Points;
-        panel.lblPoints[row].Caption = kRowCaption[row] + std::to_string(points[0][row]);
-        panel.lblPointsTotal[row].Caption = std::to_string(points[1][row]);
+        setCaption(panel.lblPoints[row].Caption, kRowCaption[row], points[0][row]);
+        setCaption(panel.lblPointsTotal[row].Caption, {}, points[1][row]);
     }
     if (ByGCard && PairIndex == 0) {
         Image& marker = c.panel.at(t).imgGagi;
@@ -105,8 +121,8 @@ void Piles::CalcPlayerPoints() {
             if (f_.m.mYakuCards[t][g] == 3) sum += 50;
     if (sum <= 0) return;
     ScorePanel& panel = f_.ctl.panel[t == 0 ? 0 : 1];
-    panel.lblPoints[3].Caption = "Total";
-    panel.lblPointsTotal[3].Caption = std::to_string(sum);
+    if (panel.lblPoints[3].Caption != "Total") panel.lblPoints[3].Caption = "Total";
+    setCaption(panel.lblPointsTotal[3].Caption, {}, sum);
 }
 
 int Piles::CompCardCount() const {

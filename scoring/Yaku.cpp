@@ -20,6 +20,14 @@ const std::vector<int>& Yaku::slotsOf(int cardIndex) {
     return slots_[cardIndex];
 }
 
+const ListImage& Yaku::colourThumbnail(int slot) {
+    if (!colourKnown_.at(slot)) {
+        colour_[slot] = ilsYakuColor(yakuKey(f_.g.gYakuCodes[slot]));
+        colourKnown_[slot] = true;
+    }
+    return colour_[slot];
+}
+
 void Yaku::ShowYaku(int CardPos) {
     const CardRecord& card = f_.m.mCards.at(CardPos);
     if (card.YakuCodes.empty()) return;
@@ -29,7 +37,7 @@ void Yaku::ShowYaku(int CardPos) {
     for (const int i : slotsOf(card.Index)) {
         const std::string& code = f_.g.gYakuCodes[i];
         const int k = code[0] - '1';
-        const ListImage colour = ilsYakuColor(yakuKey(code));
+        const ListImage& colour = colourThumbnail(i);
         if (t == 0) {
             c.imgPYaku[i].Picture = colour.Picture;
             c.imgPYaku[i].Tag = colour.Tag;

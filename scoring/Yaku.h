@@ -2,6 +2,8 @@
 #include <array>
 #include <vector>
 
+#include "scoring/YakuImageLists.h"
+
 namespace petal {
 
 class FrmMain;
@@ -28,10 +30,14 @@ private:
     // The thumbnail slots whose code stands in a card's yaku codes, in the order of the codes'
     // list: found once for each card, as neither the card's codes nor the list change.
     const std::vector<int>& slotsOf(int cardIndex);
+    // The colour thumbnail of a slot, looked up once for the same reason.
+    const ListImage& colourThumbnail(int slot);
 
     FrmMain& f_;
     std::array<std::vector<int>, 48> slots_;
     std::array<bool, 48> slotsKnown_{};
+    std::array<ListImage, 24> colour_;
+    std::array<bool, 24> colourKnown_{};
 };
 
 }  // namespace petal

@@ -30,7 +30,7 @@ ListImage ilsYaku(std::string_view key) {
 }
 
 ListImage ilsYakuColor(std::string_view key) {
-    if (key == "Back") return {pic::ThumbBack, ""};
+    if (key == "Back") return {pic::ThumbBack, {}};
     const int slot = slotOf(key);
     return {pic::thumbColour(slot), cardTag(slot)};
 }

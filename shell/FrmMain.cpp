@@ -45,8 +45,8 @@ void FrmMain::setMousePointer(int pointer) {
 
 // The folder is asked of the host once: the sound calls of every capture build paths in it.
 std::string FrmMain::programFile(const std::string& name) const {
-    if (programFolder_.empty()) programFolder_ = host.programFolder();
-    return (programFolder_ / name).string();
+    if (programFolderSlash_.empty()) programFolderSlash_ = (host.programFolder() / "").string();
+    return programFolderSlash_ + name;
 }
 
 void FrmMain::Form_Load() {

@@ -105,6 +105,7 @@ public:
     // last path asked for is kept for tests.
     void PlaySound(const std::string& path) { lastSound_ = path; }
     const std::string& lastSound() const { return lastSound_; }
+    // name: a file's name, no folder in it.
     std::string programFile(const std::string& name) const;
 
     void EndMatch() { matchEnd.EndMatch(); }
@@ -126,7 +127,8 @@ public:
 
 private:
     int mousePointer_ = kPointerDefault;
-    mutable std::filesystem::path programFolder_;
+    // The program's folder and the separator that joins a file name to it, found once.
+    mutable std::string programFolderSlash_;
     std::string lastSound_;
 };
 

@@ -30,7 +30,7 @@ struct Image : Control {
     // No picture, Tag "-1", no tool tip: the empty state of every card place.
     void clearCard() {
         Picture = NoPicture;
-        Tag = "-1";
+        Tag = -1;
         ToolTipText = {};
     }
 };

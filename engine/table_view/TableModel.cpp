@@ -48,7 +48,7 @@ void TableModel::layOutHands() {
     for (int i = 0; i < 8; ++i) {
         place(imgCCard[i], kHandLeft[i], 60, kCardWidth, kCardHeight);
         imgCCard[i].Picture = pic::CardBack;
-        imgCCard[i].Tag = "-1";
+        imgCCard[i].Tag = -1;
         bringToFront(imgCCard[i]);
     }
 }
@@ -86,7 +86,7 @@ void TableModel::layOutTable() {
     shpTHilite.resize(8);
     for (int i = 0; i < 8; ++i) {
         place(imgTCard[i], kTableLeft[i], kTableTop[i], kCardWidth, kCardHeight);
-        imgTCard[i].Tag = "-1";
+        imgTCard[i].Tag = -1;
         bringToFront(imgTCard[i]);
     }
     for (int i = 0; i < 8; ++i) {
@@ -97,7 +97,7 @@ void TableModel::layOutTable() {
     imgDeck.Picture = pic::CardBack;
     bringToFront(imgDeck);
     place(imgFlipCard, 5670, 4080, kCardWidth, kCardHeight);
-    imgFlipCard.Tag = "-1";
+    imgFlipCard.Tag = -1;
     bringToFront(imgFlipCard);
     shpFlipCard = frameFor(imgFlipCard);
     bringToFront(shpFlipCard);
@@ -105,11 +105,11 @@ void TableModel::layOutTable() {
     bringToFront(imgWinLose[0]);
     for (int i = 0; i < 8; ++i) {
         place(imgPCard[i], kHandLeft[i], 5700, kCardWidth, kCardHeight);
-        imgPCard[i].Tag = "-1";
+        imgPCard[i].Tag = -1;
         bringToFront(imgPCard[i]);
     }
     shpPHilite = frameFor(imgPCard[0]);
-    shpPHilite.Tag = "-1";
+    shpPHilite.Tag = -1;
     bringToFront(shpPHilite);
     for (auto& t : imgPYaku) bringToFront(t);
     for (auto& l : lblPYaku) bringToFront(l);
@@ -149,7 +149,7 @@ void TableModel::layOutPanels() {
         place(p.imgGagi, 4620, gagiTop[side], 225, 360);
         p.imgGagi.Picture = pic::wildMarker(side);
         p.imgGagi.Visible = false;
-        p.imgGagi.Tag = "-1";
+        p.imgGagi.Tag = -1;
         bringToFront(p.imgGagi);
     }
 }
