@@ -1,6 +1,7 @@
 #pragma once
 // A program on the simulated host in a temporary folder, with helpers to lay out hand-built
 // deals and to drive the game through its handlers as a user's clicks would.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -25,6 +26,8 @@ inline void PrintTo(const TableFocus::Place& place, std::ostream* out) {
 }  // namespace petal
 
 namespace petal::test {
+
+using ::testing::HasSubstr;
 
 // A fresh folder under the system's temporary folder, removed afterwards.
 class TempDir {

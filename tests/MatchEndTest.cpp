@@ -123,7 +123,7 @@ TEST_F(MatchEnd, AWonOrTiedSingleGameOffersTheHallOfFameAndALostOneDoesNot) {
         EXPECT_EQ(program->g.gGameInProgress, 1) << "Yes deals again";
         EXPECT_EQ(f->m.mTurn, 0) << "a single player always leads";
     }
-    EXPECT_NE(program->hof.GetHallOfFame(0).find("Ayame,11/22/2026,60,0,N/A,N/A,N/A"), std::string::npos);
+    EXPECT_THAT(program->hof.GetHallOfFame(0), HasSubstr("Ayame,11/22/2026,60,0,N/A,N/A,N/A"));
 }
 
 // The design ended the program when the records could not be read at a game's end; now the
@@ -145,7 +145,7 @@ TEST_F(MatchEnd, AHallOfFameThatCannotBeReadIsToldOnceAndTheGamesGoOn) {
     }
     const MsgBox& told = host->shownBoxes()[1];
     EXPECT_EQ(told.title, "Hall of Fame");
-    EXPECT_NE(told.text.find("file is not a database"), std::string::npos) << told.text;
+    EXPECT_THAT(told.text, HasSubstr("file is not a database"));
     EXPECT_EQ(program->g.gGameInProgress, 1);
 }
 

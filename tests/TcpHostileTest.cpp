@@ -124,7 +124,7 @@ TEST_F(TcpHostile, EachHostilePeerLeavesTheHostWorking) {
     // One that connects, hears the options and the deal, and says nothing.
     fd = connectTo(port);
     ASSERT_GE(fd, 0);
-    EXPECT_NE(readUntil(fd, "DEAL,", 5s).find("SEUP,1,2,"), std::string::npos);
+    EXPECT_THAT(readUntil(fd, "DEAL,", 5s), HasSubstr("SEUP,1,2,"));
     std::this_thread::sleep_for(1500ms);
     ::close(fd);
     EXPECT_TRUE(goodGame()) << "after a silent peer";
@@ -152,8 +152,8 @@ TEST_F(TcpHostile, EachHostilePeerLeavesTheHostWorking) {
     EXPECT_TRUE(goodGame()) << "after players killed";
 
     const std::string told = hostErrors();
-    EXPECT_NE(told.find("Out of Step"), std::string::npos) << told;
-    EXPECT_NE(told.find("Remote Connection Closed"), std::string::npos) << told;
+    EXPECT_THAT(told, HasSubstr("Out of Step"));
+    EXPECT_THAT(told, HasSubstr("Remote Connection Closed"));
     const long after = residentKiB(host);
     EXPECT_GT(after, 0) << "the host runs";
     EXPECT_LT(after - before, 32 * 1024) << "memory stays bounded: " << before << " KiB, then " << after;
