@@ -40,6 +40,9 @@ private:
     std::filesystem::path path_;
 };
 
+// The bytes of a file, or none if it cannot be read.
+std::string fileText(const std::filesystem::path& file);
+
 // Deals with the given catalogue indices at positions 0.. (the rest follow in catalogue order):
 // the local hand, the opposite hand, the table, then the deck.
 void dealWith(FrmMain& f, std::initializer_list<int> hand, std::initializer_list<int> opposite,

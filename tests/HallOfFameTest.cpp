@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 
 #include "GameFixture.h"
 #include "records/HallOfFame.h"
@@ -283,11 +282,7 @@ TEST_F(HallOfFameTest, AFileOfANewerFormatIsToldAsSuchNotAsAccessDenied) {
         file.seekp(18);
         file.put(3);  // the write version
     }
-    const auto bytes = [&] {
-        std::ifstream in(hof.path(), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    };
-    const std::string before = bytes();
+    const std::string before = fileText(hof.path());
     keepBoxes(MsgResult::Cancel);
     HallOfFame records(host);
     records.OpenHallOfFame();
@@ -298,7 +293,7 @@ TEST_F(HallOfFameTest, AFileOfANewerFormatIsToldAsSuchNotAsAccessDenied) {
         EXPECT_EQ(box.title, "Hall of Fame");
         EXPECT_THAT(box.text, HasSubstr("it is of a newer format, which this program may read but not write"));
     }
-    EXPECT_EQ(bytes(), before);
+    EXPECT_EQ(fileText(hof.path()), before);
 }
 
 // The file refused or held by another program asks Retry or Cancel, never OK for ever: Retry

@@ -11,8 +11,6 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
-#include <fstream>
-#include <sstream>
 #include <thread>
 
 #include "GameFixture.h"
@@ -80,18 +78,10 @@ protected:
         const pid_t join = startTool({"join", "127.0.0.1", "--port", std::to_string(port), "--deals", "2", "--trace"},
                                      trace, dir.path() / "join.err");
         const int status = finishTool(join, 60s);
-        std::ifstream in(trace);
-        std::stringstream text;
-        text << in.rdbuf();
+        const std::string text = fileText(trace);
         int ends = 0;
-        for (std::size_t at = 0; (at = text.str().find("\"ev\":\"end\"", at)) != std::string::npos; ++at) ++ends;
+        for (std::size_t at = 0; (at = text.find("\"ev\":\"end\"", at)) != std::string::npos; ++at) ++ends;
         return status == 0 && ends == 2;
-    }
-    std::string hostErrors() {
-        std::ifstream in(dir.path() / "host.err");
-        std::stringstream text;
-        text << in.rdbuf();
-        return text.str();
     }
 
     TempDir dir;
@@ -151,7 +141,7 @@ TEST_F(TcpHostile, EachHostilePeerLeavesTheHostWorking) {
     }
     EXPECT_TRUE(goodGame()) << "after players killed";
 
-    const std::string told = hostErrors();
+    const std::string told = fileText(dir.path() / "host.err");
     EXPECT_THAT(told, HasSubstr("Out of Step"));
     EXPECT_THAT(told, HasSubstr("Remote Connection Closed"));
     const long after = residentKiB(host);
