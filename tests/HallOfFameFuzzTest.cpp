@@ -1,7 +1,5 @@
-// The Hall of Fame file under the seeded fuzzer: a run of files of its own making, the kept
-// inputs of tests/fuzz-corpus/halloffame (each of which once broke a rule, or starts a kind of
-// file), and the harness's two judges: the snapshot that tells the game's own tables from
-// others, and the check of the pages.
+// The Hall of Fame file under the seeded fuzzer and its kept inputs, and the harness's two
+// judges: the snapshot that tells the game's own tables from others, and the check of the pages.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 

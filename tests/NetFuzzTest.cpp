@@ -1,6 +1,5 @@
-// The receive path of both sides under the seeded fuzzer: a run of 100,000 inputs of its own
-// making, the kept inputs of tests/fuzz-corpus/net (each of which once broke a rule, or starts
-// a phase), and the harness itself: every phase stands when an input begins.
+// The receive path of both sides under the seeded fuzzer and its kept inputs, and the harness:
+// every phase stands when an input begins.
 #include <gtest/gtest.h>
 
 #include <chrono>

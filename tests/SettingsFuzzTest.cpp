@@ -1,7 +1,5 @@
-// The settings file under the seeded fuzzer: a run of files of its own making, the kept inputs
-// of tests/fuzz-corpus/settings (each of which once broke a rule, or starts a kind of file), and
-// the harness itself: its idea of the file as the program writes it, and its eye for what a
-// player would never see.
+// The settings file under the seeded fuzzer and its kept inputs, and the harness: its idea of
+// the file as the program writes it, and its eye for what a player would never see.
 #include <gtest/gtest.h>
 
 #include <stdexcept>

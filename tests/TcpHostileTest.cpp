@@ -1,8 +1,5 @@
-// Hostile peers over real TCP on this machine, against a headless host that stays: a flood
-// without a message boundary, connections opened and closed in a loop, one that says nothing,
-// an impossible move, and players killed at any moment. After each, the host is in the
-// designed state (it tells, and listens again), its memory stays bounded, and the next game
-// works.
+// Hostile peers over real TCP against a headless host that stays: after each, the host tells
+// and listens again, its memory stays bounded, and the next game works.
 #include <gtest/gtest.h>
 
 #include <arpa/inet.h>
