@@ -15,6 +15,13 @@ protected:
         f->tmrComputer.setEnabled(true);
     }
     void tick() { host->advance(500); }
+    // The opposite side's choice and its drop, without the ticks between them.
+    void selectAndDrop() {
+        f->m.mTurn = 1;
+        f->computer.CompSelectCard();
+        f->m.mCompPhase = 1;
+        f->computer.CompDropCard();
+    }
 };
 
 TEST_F(Computer, TheSelectionTakesTheBestCaptureOrElseTheCheapestCard) {
@@ -63,40 +70,38 @@ TEST_F(Computer, TheWildCardIsWorthTheBestCardOnTheTable) {
     EXPECT_EQ(visibleTableFrames(), 0);
 }
 
-TEST_F(Computer, TheDropTakesTheMostValuableMatch) {
-    dealWith({}, {9, 14, 18, 22, 26, 30, 34, 38}, {10, 8, 11, 44, 45, 46, 47, 40});
-    f->m.mTurn = 1;
-    f->computer.CompSelectCard();
-    f->m.mCompPhase = 1;
-    f->computer.CompDropCard();
-    EXPECT_EQ(pileIndices(1, 0), std::vector<int>{8});
-    EXPECT_TRUE(f->ctl.imgTCard[0].hasPicture());
-    EXPECT_FALSE(f->ctl.imgCCard[0].hasPicture());
-    EXPECT_TRUE(f->ctl.imgCCard[0].Visible) << "a capture leaves the hand place visible";
+TEST_F(Computer, TheDropTakesTheMostValuableMatchOrOfEqualsTheLowerSlot) {
+    struct Case {
+        const char* rule;
+        std::initializer_list<int> hand, table;
+        int taken, left;
+        std::vector<int> twenties;
+    };
+    const Case cases[] = {
+        {"the curtain before the chaff", {9, 14, 18, 22, 26, 30, 34, 38}, {10, 8, 11, 44, 45, 46, 47, 40}, 1, 0, {8}},
+        {"two chaff: the lower slot", {0, 14, 18, 22, 26, 30, 34, 38}, {44, 2, 3, 45, 46, 47, 40, 41}, 1, 2, {0}},
+    };
+    for (const Case& c : cases) {
+        restart();
+        dealWith({}, c.hand, c.table);
+        selectAndDrop();
+        EXPECT_FALSE(f->ctl.imgTCard[c.taken].hasPicture()) << c.rule;
+        EXPECT_TRUE(f->ctl.imgTCard[c.left].hasPicture()) << c.rule;
+        EXPECT_FALSE(f->ctl.imgCCard[0].hasPicture());
+        EXPECT_TRUE(f->ctl.imgCCard[0].Visible) << "a capture leaves the hand place visible";
+        EXPECT_EQ(pileIndices(1, 0), c.twenties) << c.rule;
+    }
 }
 
 TEST_F(Computer, WithoutYakuTheDropScoresTheCardsAlone) {
     f->settings.WriteSettings(0, 10, 0, 0);
     dealWith({}, {4, 14, 18, 22, 26, 30, 34, 38}, {5, 44, 45, 46, 47, 40, 41, 42});
-    f->m.mTurn = 1;
-    f->computer.CompSelectCard();
-    f->m.mCompPhase = 1;
-    f->computer.CompDropCard();
+    selectAndDrop();
     EXPECT_EQ(pileIndices(1, 1), std::vector<int>{5});
     EXPECT_EQ(pileIndices(1, 2), std::vector<int>{4});
     EXPECT_EQ(f->m.mYakuCards[1], (std::array<int, 8>{})) << "the warbler and the plum ribbon count for no group";
     EXPECT_FALSE(f->ctl.imgCYaku[21].hasPicture());
     EXPECT_EQ(f->ctl.panel[1].lblPointsTotal[3].Caption, "15");
-}
-
-TEST_F(Computer, OfEqualMatchesTheDropTakesTheLowerSlot) {
-    dealWith({}, {0, 14, 18, 22, 26, 30, 34, 38}, {44, 2, 3, 45, 46, 47, 40, 41});
-    f->m.mTurn = 1;
-    f->computer.CompSelectCard();
-    f->m.mCompPhase = 1;
-    f->computer.CompDropCard();
-    EXPECT_FALSE(f->ctl.imgTCard[1].hasPicture());
-    EXPECT_TRUE(f->ctl.imgTCard[2].hasPicture());
 }
 
 TEST_F(Computer, ATurnTakesFourTicksAndHandsBackToThePlayer) {

@@ -16,19 +16,21 @@ const std::vector<int> kNoonDeal = {19, 41, 9,  7,  11, 28, 45, 12, 38, 16, 8,  
                                     10, 5,  0,  25, 26, 24, 27, 44, 4,  34, 37, 36, 43, 33, 6,  23,
                                     14, 2,  42, 40, 32, 3,  1,  13, 29, 30, 17, 46, 20, 31, 39, 35};
 
-class Deal : public GameFixture {};
+class Deal : public GameFixture {
+protected:
+    void SetUp() override {
+        host->setClock(12, 0, 0);
+        start();
+    }
+};
 
 TEST_F(Deal, TheFirstDealAtNoonIsTheKnownOrder) {
-    host->setClock(12, 0, 0);
-    start();
     f->dealer.imgDeck_Click();
     EXPECT_EQ(f->m.mDealSeed, "12:00:00");
     EXPECT_EQ(indices(*f), kNoonDeal);
 }
 
 TEST_F(Deal, NetworkDealsDependOnTheSeedAloneAndSingleDealsOnTheirHistory) {
-    host->setClock(12, 0, 0);
-    start();
     program->g.gPlayMode = 1;  // a host that is not connected deals alone
     f->dealer.DealCards();
     const auto first = indices(*f);
@@ -56,7 +58,6 @@ TEST(SeedText, ReadsTwentyFourHourAndTwelveHourTextsAndNothingElse) {
 }
 
 TEST_F(Deal, TheDealFillsHandsTableAndBacks) {
-    start();
     f->dealer.imgDeck_Click();
     const TableModel& c = f->ctl;
     for (int i = 0; i < 8; ++i) {
@@ -78,7 +79,6 @@ TEST_F(Deal, TheDealFillsHandsTableAndBacks) {
 }
 
 TEST_F(Deal, ATournamentFollowsTheTurnAsItStands) {
-    start();
     f->settings.WriteSettings(1, 3, -1, 0);
     f->m.mTurn = 1;
     f->dealer.imgDeck_Click();
@@ -89,7 +89,6 @@ TEST_F(Deal, ATournamentFollowsTheTurnAsItStands) {
 }
 
 TEST_F(Deal, TheDeckAsksBeforeAbandoningAGame) {
-    start();
     f->dealer.imgDeck_Click();
     const auto dealt = indices(*f);
     host->expectMsgBox("Do you want to quit the game in progress?", "Game In Progress", MsgResult::No);
@@ -109,7 +108,6 @@ TEST_F(Deal, TheDeckAsksBeforeAbandoningAGame) {
 
 // Nothing told a newcomer how to start: the deck's tool tip does while no game runs.
 TEST_F(Deal, TheDecksToolTipSaysHowToStartWhileNoGameRuns) {
-    start();
     EXPECT_EQ(f->dealer.deckToolTip(), "Click the deck to deal.");
     f->dealer.imgDeck_Click();
     EXPECT_EQ(f->dealer.deckToolTip(), "");
@@ -121,7 +119,6 @@ TEST_F(Deal, TheDecksToolTipSaysHowToStartWhileNoGameRuns) {
 }
 
 TEST_F(Deal, AClientsDeckDoesNothing) {
-    start();
     program->g.gPlayMode = 2;
     f->dealer.imgDeck_Click();
     EXPECT_EQ(program->g.gGameInProgress, 0);
@@ -129,7 +126,6 @@ TEST_F(Deal, AClientsDeckDoesNothing) {
 }
 
 TEST_F(Deal, NewGameShrinksAGrownTableBackToEightSlots) {
-    start();
     f->dealer.imgDeck_Click();
     for (int i = 0; i < 4; ++i) f->play.AddCardToTable(30 + i);
     ASSERT_EQ(f->ctl.imgTCard.size(), 12u);
@@ -140,7 +136,6 @@ TEST_F(Deal, NewGameShrinksAGrownTableBackToEightSlots) {
 }
 
 TEST_F(Deal, WithoutYakuTheRowsAreHidden) {
-    start();
     f->settings.WriteSettings(0, 10, 0, 0);
     f->dealer.imgDeck_Click();
     for (int i = 0; i < 24; ++i) {

@@ -1,6 +1,7 @@
 #pragma once
 // A program on the simulated host in a temporary folder, with helpers to lay out hand-built
 // deals and to drive the game through its handlers as a user's clicks would.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -26,6 +27,8 @@ inline void PrintTo(const TableFocus::Place& place, std::ostream* out) {
 
 namespace petal::test {
 
+using ::testing::HasSubstr;
+
 // A fresh folder under the system's temporary folder, removed afterwards.
 class TempDir {
 public:
@@ -36,6 +39,9 @@ public:
 private:
     std::filesystem::path path_;
 };
+
+// The bytes of a file, or none if it cannot be read.
+std::string fileText(const std::filesystem::path& file);
 
 // Deals with the given catalogue indices at positions 0.. (the rest follow in catalogue order):
 // the local hand, the opposite hand, the table, then the deck.

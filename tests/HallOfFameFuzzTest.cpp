@@ -1,18 +1,13 @@
-// The Hall of Fame file under the seeded fuzzer: a run of files of its own making, the kept
-// inputs of tests/fuzz-corpus/halloffame (each of which once broke a rule, or starts a kind of
-// file), and the harness's two judges: the snapshot that tells the game's own tables from
-// others, and the check of the pages.
+// The Hall of Fame file under the seeded fuzzer and its kept inputs, and the harness's two
+// judges: the snapshot that tells the game's own tables from others, and the check of the pages.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 
-#include <filesystem>
-
 #include "FileRig.h"
-#include "FuzzTargets.h"
+#include "FuzzRuns.h"
 #include "HallOfFameTarget.h"
 #include "HofPages.h"
 #include "HofSnapshot.h"
-#include "SeededFuzzer.h"
 #include "records/HallOfFame.h"
 
 namespace petal::fuzz {
@@ -22,11 +17,7 @@ constexpr long kSeededRuns = 3'000;
 
 TEST(HallOfFameFuzz, ASeededRunOfThreeThousandFilesBreaksNoRule) {
     HallOfFameTarget target(fuzzScratch());
-    const SeededFuzzer::Result result = SeededFuzzer::run(target, 20261123, kSeededRuns, 600.0);
-    EXPECT_EQ(result.failure, "") << "input " << SeededFuzzer::hex(result.input);
-    EXPECT_EQ(result.runs, kSeededRuns);
-    std::printf("%ld inputs in %.1f s (%.0f/s): %s\n", result.runs, result.seconds, result.runs / result.seconds,
-                target.stats().c_str());
+    expectSeededRunClean(target, kSeededRuns);
     // Most files read as databases, and most tables are the game's own, so that the rows, the
     // order and the entries are judged, not only the refusals.
     EXPECT_GT(target.databases(), kSeededRuns / 2);
@@ -36,14 +27,7 @@ TEST(HallOfFameFuzz, ASeededRunOfThreeThousandFilesBreaksNoRule) {
 }
 
 TEST(HallOfFameFuzz, TheKeptInputsRunClean) {
-    const std::filesystem::path corpus = std::filesystem::path(PETAL_SOURCE_DIR) / "tests/fuzz-corpus/halloffame";
-    int inputs = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(corpus)) {
-        HallOfFameTarget target(fuzzScratch());
-        EXPECT_EQ(SeededFuzzer::replay(target, entry.path()), "") << entry.path().filename();
-        ++inputs;
-    }
-    EXPECT_GE(inputs, 12);
+    EXPECT_GE(expectKeptInputsClean<HallOfFameTarget>("halloffame"), 12);
 }
 
 void exec(const std::filesystem::path& file, const char* sql) {

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
 
 #include "GameFixture.h"
 #include "records/HallOfFame.h"
@@ -42,10 +41,25 @@ protected:
         sqlite3_close(db);
         return out;
     }
+    // Statements that must run, through a connection of the test's own.
+    void exec(const std::string& sql) {
+        sqlite3* db = nullptr;
+        sqlite3_open(hof.path().c_str(), &db);
+        EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+        sqlite3_close(db);
+    }
+    // Every box from here on is kept in `told` and answered so.
+    void keepBoxes(MsgResult answer = MsgResult::OK) {
+        host.onMsgBox = [this, answer](const MsgBox& box) {
+            told.push_back(box);
+            return answer;
+        };
+    }
 
     TempDir dir;
     SimHost host;
     HallOfFame hof;
+    std::vector<MsgBox> told;
 };
 
 const std::string kBlankSingle = " , , , , , , ";
@@ -199,27 +213,20 @@ TEST_F(HallOfFameTest, ATableWithRowsThatNoGameWroteIsToldAndLeftAsItIs) {
         std::string rows = std::string("DELETE FROM SingleStats; INSERT INTO SingleStats VALUES (") + c.values + ")";
         for (int score = 10; score <= 100; score += 10)
             rows += ", ('Kept', '01/01/2020', " + std::to_string(score) + ", 0)";
-        sqlite3* db = nullptr;
-        sqlite3_open(hof.path().c_str(), &db);
-        ASSERT_EQ(sqlite3_exec(db, rows.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << c.values;
-        sqlite3_close(db);
+        exec(rows);
         HallOfFame records(host);  // a program of its own, which has told nothing yet
         records.OpenHallOfFame();
-        std::vector<std::string> told;
-        host.onMsgBox = [&](const MsgBox& box) {
-            told.push_back(box.text);
-            return MsgResult::OK;
-        };
+        told.clear();
+        keepBoxes();
         const auto firstRow = [&](int type) { return records.GetHallOfFame(type).substr(0, type ? 15 : 13); };
         EXPECT_EQ(firstRow(0), kBlankSingle) << c.values;
         EXPECT_FALSE(records.IsHighScore(0, 5)) << c.values;
         records.AddHallOfFameEntry("New", 500, 0, 0, 0);
         EXPECT_EQ(firstRow(1), " , , , , , , , ") << "the other table is read as ever";
         ASSERT_EQ(told.size(), 3u) << c.values;
-        EXPECT_NE(told[0].find("cannot be read: a row of SingleStats is no record of the game (" + std::string(c.told)),
-                  std::string::npos)
-            << told[0];
-        EXPECT_NE(told[2].find("cannot be written: a row of SingleStats"), std::string::npos) << told[2];
+        EXPECT_THAT(told[0].text,
+                    HasSubstr("cannot be read: a row of SingleStats is no record of the game (" + std::string(c.told)));
+        EXPECT_THAT(told[2].text, HasSubstr("cannot be written: a row of SingleStats"));
         EXPECT_EQ(query("SELECT count(*) FROM SingleStats"), "11") << c.values;
     }
 }
@@ -232,11 +239,7 @@ TEST_F(HallOfFameTest, AFileThatIsNoDatabaseIsToldOnceAndTheRecordsStayOutOfReac
     host.expectMsgBox("System Password Error", "Invalid Password", MsgResult::OK);
     hof.OpenHallOfFame();
     EXPECT_FALSE(hof.isOpen());
-    std::vector<std::string> told;
-    host.onMsgBox = [&](const MsgBox& box) {
-        told.push_back(box.text);
-        return MsgResult::OK;
-    };
+    keepBoxes();
     for (int pass = 0; pass < 2; ++pass) {
         EXPECT_FALSE(hof.IsHighScore(0, 10));
         EXPECT_EQ(rows(1)[0], " , , , , , , , ");
@@ -245,8 +248,8 @@ TEST_F(HallOfFameTest, AFileThatIsNoDatabaseIsToldOnceAndTheRecordsStayOutOfReac
     ASSERT_EQ(told.size(), 3u) << "each failure once, not at every game";
     const char* operations[] = {"cannot be read to test the score: ", "cannot be read: ", "cannot be written: "};
     for (std::size_t i = 0; i < told.size(); ++i) {
-        EXPECT_NE(told[i].find(hof.path().string()), std::string::npos) << told[i];
-        EXPECT_NE(told[i].find(std::string(operations[i]) + "file is not a database"), std::string::npos) << told[i];
+        EXPECT_THAT(told[i].text, HasSubstr(hof.path().string()));
+        EXPECT_THAT(told[i].text, HasSubstr(std::string(operations[i]) + "file is not a database"));
     }
 }
 
@@ -256,27 +259,15 @@ TEST_F(HallOfFameTest, AFileThatIsNoDatabaseIsToldOnceAndTheRecordsStayOutOfReac
 TEST_F(HallOfFameTest, ADamagedFileIsToldAndNotShownOutOfOrder) {
     for (int score : {10, 30, 20}) hof.AddHallOfFameEntry("N" + std::to_string(score), score, 0, 0, 0);
     hof.CloseHallOfFame();
-    sqlite3* db = nullptr;
-    sqlite3_open(hof.path().c_str(), &db);
-    ASSERT_EQ(sqlite3_exec(db,
-                           "PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = replace(sql, 'Score DESC', "
-                           "'Score ASC') WHERE name = 'Score'",
-                           nullptr, nullptr, nullptr),
-              SQLITE_OK);
-    sqlite3_close(db);
-    std::vector<std::string> told;
-    host.onMsgBox = [&](const MsgBox& box) {
-        told.push_back(box.text);
-        return MsgResult::OK;
-    };
+    exec("PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = replace(sql, 'Score DESC', 'Score ASC') "
+         "WHERE name = 'Score'");
+    keepBoxes();
     HallOfFame records(host);
     records.OpenHallOfFame();
     EXPECT_EQ(records.GetHallOfFame(0).substr(0, 13), kBlankSingle);
     ASSERT_EQ(told.size(), 1u);
-    EXPECT_NE(told[0].find("cannot be read: the file is damaged (row 1 missing from index Score), so the records are "
-                           "out of reach"),
-              std::string::npos)
-        << told[0];
+    EXPECT_THAT(told[0].text, HasSubstr("cannot be read: the file is damaged (row 1 missing from index Score), so "
+                                        "the records are out of reach"));
     EXPECT_EQ(query("SELECT count(*) FROM SingleStats"), "3");
 }
 
@@ -291,16 +282,8 @@ TEST_F(HallOfFameTest, AFileOfANewerFormatIsToldAsSuchNotAsAccessDenied) {
         file.seekp(18);
         file.put(3);  // the write version
     }
-    const auto bytes = [&] {
-        std::ifstream in(hof.path(), std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
-    };
-    const std::string before = bytes();
-    std::vector<MsgBox> told;
-    host.onMsgBox = [&](const MsgBox& box) {
-        told.push_back(box);
-        return MsgResult::Cancel;
-    };
+    const std::string before = fileText(hof.path());
+    keepBoxes(MsgResult::Cancel);
     HallOfFame records(host);
     records.OpenHallOfFame();
     EXPECT_FALSE(records.IsHighScore(0, 500));
@@ -308,10 +291,9 @@ TEST_F(HallOfFameTest, AFileOfANewerFormatIsToldAsSuchNotAsAccessDenied) {
     ASSERT_EQ(told.size(), 2u);
     for (const MsgBox& box : told) {
         EXPECT_EQ(box.title, "Hall of Fame");
-        EXPECT_NE(box.text.find("it is of a newer format, which this program may read but not write"), std::string::npos)
-            << box.text;
+        EXPECT_THAT(box.text, HasSubstr("it is of a newer format, which this program may read but not write"));
     }
-    EXPECT_EQ(bytes(), before);
+    EXPECT_EQ(fileText(hof.path()), before);
 }
 
 // The file refused or held by another program asks Retry or Cancel, never OK for ever: Retry
@@ -329,7 +311,7 @@ TEST_F(HallOfFameTest, ALockedFileOffersRetryAndCancel) {
         host.onMsgBox = [&](const MsgBox& box) {
             EXPECT_EQ(box.title, "Access Denied");
             EXPECT_EQ(box.buttons, MsgButtons::RetryCancel);
-            EXPECT_NE(box.text.find(hof.path().string()), std::string::npos) << box.text;
+            EXPECT_THAT(box.text, HasSubstr(hof.path().string()));
             if (++denied == 1) return MsgResult::Retry;
             sqlite3_close(locker);  // the other program lets go while the second box stands
             locker = nullptr;
@@ -351,7 +333,7 @@ TEST_F(HallOfFameTest, AnEntryMeetingALockIsStoredOnRetry) {
     int asked = 0;
     host.onMsgBox = [&](const MsgBox& box) {
         EXPECT_EQ(box.buttons, MsgButtons::RetryCancel);
-        EXPECT_NE(box.text.find("database is locked"), std::string::npos) << box.text;
+        EXPECT_THAT(box.text, HasSubstr("database is locked"));
         if (++asked == 2) sqlite3_exec(locker, "COMMIT", nullptr, nullptr, nullptr);
         return MsgResult::Retry;
     };
@@ -372,11 +354,7 @@ TEST_F(HallOfFameTest, ViewsAndTriggersOfAFileMadeElsewhereDoNotRun) {
           "YakuAverage) AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT 'R' || i, "
           "'01/01/2020', i, 0, 1, 2, i, 0 FROM n");
     query("CREATE TRIGGER Wipe AFTER INSERT ON SingleStats BEGIN DELETE FROM SingleStats; END");
-    std::vector<std::string> told;
-    host.onMsgBox = [&](const MsgBox& box) {
-        told.push_back(box.text);
-        return MsgResult::OK;
-    };
+    keepBoxes();
     hof.OpenHallOfFame();
     EXPECT_EQ(rows(1)[0], " , , , , , , , ");
     EXPECT_FALSE(hof.IsHighScore(1, 500));
@@ -384,8 +362,7 @@ TEST_F(HallOfFameTest, ViewsAndTriggersOfAFileMadeElsewhereDoNotRun) {
     EXPECT_EQ(query("SELECT group_concat(PlayerName, ' ') FROM (SELECT PlayerName FROM SingleStats ORDER BY Score)"),
               "Kept New");
     ASSERT_EQ(told.size(), 2u);
-    EXPECT_NE(told[0].find("cannot be read: its TournamentStats is a view, not a table."), std::string::npos)
-        << told[0];
+    EXPECT_THAT(told[0].text, HasSubstr("cannot be read: its TournamentStats is a view, not a table."));
 }
 
 // A write refused by the store (a full disk, a damaged file, a constraint of a file made
@@ -395,15 +372,11 @@ TEST_F(HallOfFameTest, AFailedWriteIsToldAndLeavesTheTableAsItWas) {
     hof.CloseHallOfFame();
     query("CREATE UNIQUE INDEX OneADay ON SingleStats (DateWon)");
     hof.OpenHallOfFame();
-    std::vector<MsgBox> told;
-    host.onMsgBox = [&](const MsgBox& box) {
-        told.push_back(box);
-        return MsgResult::OK;
-    };
+    keepBoxes();
     hof.AddHallOfFameEntry("Lost", 90, 0, 0, 0);
     ASSERT_EQ(told.size(), 1u);
     EXPECT_EQ(told[0].buttons, MsgButtons::OK);
-    EXPECT_NE(told[0].text.find("cannot be written: UNIQUE constraint failed"), std::string::npos) << told[0].text;
+    EXPECT_THAT(told[0].text, HasSubstr("cannot be written: UNIQUE constraint failed"));
     EXPECT_EQ(query("SELECT group_concat(PlayerName) FROM SingleStats"), "Kept");
 }
 

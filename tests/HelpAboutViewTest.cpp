@@ -14,27 +14,16 @@
 #include <QWindow>
 #include <filesystem>
 
-#include "GameFixture.h"
-#include "ViewStart.h"
-#include "assets/PictureStore.h"
+#include "TableWindow.h"
 #include "engine/table_view/TableView.h"
-#include "shell/FormDialogs.h"
 #include "shell/HelpWindow.h"
-#include "shell/MainWindow.h"
 #include "shell/SplashDialog.h"
 
 namespace petal::test {
 namespace {
 
-class HelpAbout : public ::testing::Test {
+class HelpAbout : public ::testing::Test, protected TableWindow {
 protected:
-    void SetUp() override {
-        window = std::make_unique<MainWindow>(program.frmMain, host, pictures);
-        host.setMainWidget(window.get());
-        host.onModelChanged = [this] { window->sync(); };
-        registerFormDialogs(host, pictures);
-        startPastSplash(host, program);
-    }
     // The help page and its pictures as the build lays them beside the program.
     void copyHelpBeside() {
         namespace fs = std::filesystem;
@@ -42,7 +31,7 @@ protected:
         fs::copy_file(build / "PetalgardenHelp.html", dir.path() / "PetalgardenHelp.html");
         fs::copy(build / "help-pictures", dir.path() / "help-pictures", fs::copy_options::recursive);
     }
-    QAction* action(const char* name) const { return window->findChild<QAction*>(QString::fromLatin1(name)); }
+    QAction* action(const char* name) const { return window.findChild<QAction*>(QString::fromLatin1(name)); }
     // Runs `act` once a modal window stands, while the caller waits in it.
     static void whenModal(std::function<void(QWidget*)> act) {
         QTimer::singleShot(50, [act] {
@@ -51,12 +40,6 @@ protected:
             act(modal);
         });
     }
-
-    TempDir dir;
-    QtHost host{dir.path()};
-    PictureStore pictures;
-    Program program{host};
-    std::unique_ptr<MainWindow> window;
 };
 
 TEST_F(HelpAbout, TheAboutHintTurnsBlueUnderTheMouseStaysOnThePicturesAndTheBoxClosesOnAClick) {
@@ -97,8 +80,8 @@ TEST_F(HelpAbout, TheAboutHintTurnsBlueUnderTheMouseStaysOnThePicturesAndTheBoxC
 
 TEST_F(HelpAbout, F1AndHelpHelpOpenTheHelpWindowBesideTheGame) {
     copyHelpBeside();
-    QTest::keyClick(window->table(), Qt::Key_F1);
-    HelpWindow* help = window->helpWindow();
+    QTest::keyClick(window.table(), Qt::Key_F1);
+    HelpWindow* help = window.helpWindow();
     ASSERT_NE(help, nullptr);
     EXPECT_TRUE(help->isVisible());
     EXPECT_EQ(help->source(), QUrl::fromLocalFile(QString::fromStdString(program.frmMain.helpFile)));
@@ -107,14 +90,14 @@ TEST_F(HelpAbout, F1AndHelpHelpOpenTheHelpWindowBesideTheGame) {
 
     action("mnuHHelp")->trigger();  // presses F1 for the user
     QTest::qWait(50);
-    EXPECT_TRUE(window->helpWindow()->isVisible());
+    EXPECT_TRUE(window.helpWindow()->isVisible());
 }
 
 // Every picture of the page renders, and every link within it has its target.
 TEST_F(HelpAbout, TheHelpPageIsWhole) {
     copyHelpBeside();
-    QTest::keyClick(window->table(), Qt::Key_F1);
-    HelpWindow* help = window->helpWindow();
+    QTest::keyClick(window.table(), Qt::Key_F1);
+    HelpWindow* help = window.helpWindow();
     ASSERT_NE(help, nullptr);
     QFile file(QString::fromStdString(program.frmMain.helpFile));
     ASSERT_TRUE(file.open(QIODevice::ReadOnly));
@@ -143,9 +126,9 @@ TEST_F(HelpAbout, AMissingHelpFileIsToldInAMessageBox) {
         told = box->text();
         box->accept();
     });
-    QTest::keyClick(window->table(), Qt::Key_F1);
+    QTest::keyClick(window.table(), Qt::Key_F1);
     EXPECT_TRUE(told.contains(QString::fromStdString(program.frmMain.helpFile))) << told.toStdString();
-    EXPECT_EQ(window->helpWindow(), nullptr);
+    EXPECT_EQ(window.helpWindow(), nullptr);
 }
 
 }  // namespace

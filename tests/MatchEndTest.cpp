@@ -41,6 +41,12 @@ protected:
             }
         }
     }
+    // Ends the deal, closing any form, and answers the question of another game.
+    void endDeal(MsgResult again) {
+        host->onForm = [](Form& form) { form.Unload(); };
+        host->expectMsgBox("Do you want to play again?", "Play Again?", again);
+        f->EndMatch();
+    }
     struct Counter : GameEvents {
         int* ended;
         explicit Counter(int* e) : ended(e) {}
@@ -63,9 +69,7 @@ TEST_F(MatchEnd, TheWildCardsOwnerSweepsItsMonthAndTheWillowFromTheTable) {
     } claims;
     f->events = &claims;
     f->m.mTurn = 1;  // the opposite side moved last
-    host->onForm = [](Form& form) { form.Unload(); };
-    host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
-    f->EndMatch();
+    endDeal(MsgResult::No);
     EXPECT_EQ(claims.seen, (std::vector<std::pair<int, int>>{{0, 0}, {0, 1}, {0, 3}, {0, 5}}));
     EXPECT_TRUE(f->ctl.imgTCard[2].hasPicture()) << "the paulownia stays and scores for nobody";
     EXPECT_TRUE(f->ctl.imgTCard[4].hasPicture());
@@ -85,9 +89,7 @@ TEST_F(MatchEnd, TheNextStarterComparesTheTenPointRowsAsText) {
         dealWith({}, {}, {});
         f->ctl.panel[0].lblPointsTotal[1].Caption = c.mine;
         f->ctl.panel[1].lblPointsTotal[1].Caption = c.theirs;
-        host->onForm = [](Form& form) { form.Unload(); };
-        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
-        f->EndMatch();
+        endDeal(MsgResult::No);
         EXPECT_EQ(f->m.mTurn, c.turn) << c.mine << " against " << c.theirs;
         EXPECT_TRUE(host->ending());
     }
@@ -121,7 +123,7 @@ TEST_F(MatchEnd, AWonOrTiedSingleGameOffersTheHallOfFameAndALostOneDoesNot) {
         EXPECT_EQ(program->g.gGameInProgress, 1) << "Yes deals again";
         EXPECT_EQ(f->m.mTurn, 0) << "a single player always leads";
     }
-    EXPECT_NE(program->hof.GetHallOfFame(0).find("Ayame,11/22/2026,60,0,N/A,N/A,N/A"), std::string::npos);
+    EXPECT_THAT(program->hof.GetHallOfFame(0), HasSubstr("Ayame,11/22/2026,60,0,N/A,N/A,N/A"));
 }
 
 // The design ended the program when the records could not be read at a game's end; now the
@@ -143,7 +145,7 @@ TEST_F(MatchEnd, AHallOfFameThatCannotBeReadIsToldOnceAndTheGamesGoOn) {
     }
     const MsgBox& told = host->shownBoxes()[1];
     EXPECT_EQ(told.title, "Hall of Fame");
-    EXPECT_NE(told.text.find("file is not a database"), std::string::npos) << told.text;
+    EXPECT_THAT(told.text, HasSubstr("file is not a database"));
     EXPECT_EQ(program->g.gGameInProgress, 1);
 }
 
@@ -187,9 +189,7 @@ TEST_F(MatchEnd, TheOppositeSidesClaimCanCompleteAYakuThatScoresWithoutBeingCoun
     f->yaku.ShowYaku(1);
     f->piles.SendToCompPoints(9, true, 0);
     f->m.mTurn = 0;  // the local player moved last
-    host->onForm = [](Form& form) { form.Unload(); };
-    host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
-    f->EndMatch();
+    endDeal(MsgResult::No);
     EXPECT_FALSE(f->ctl.imgTCard[0].hasPicture());
     EXPECT_EQ(f->m.mYakuCards[1][6], 3);
     EXPECT_TRUE(f->ctl.lblCYaku[6].Visible);
@@ -275,7 +275,9 @@ TEST_F(MatchEnd, TheWinnerOfARoundStartsTheNextAndATieGivesItToTheComputer) {
     }
 }
 
-TEST_F(MatchEnd, TournamentsOfTwoAndTwentyRoundsRunToTheirEndAndAgainAfterYes) {
+// Each tournament ends with its score card and the question; Yes starts a second one, whose
+// card adds its own rounds, and No closes the program.
+TEST_F(MatchEnd, TournamentsOfTwoAndTwentyRoundsRunToTheirEndWithTheScoreCardAndAgainAfterYes) {
     for (const int rounds : {2, 20}) {
         restart();
         f->events = &counter;
@@ -286,6 +288,7 @@ TEST_F(MatchEnd, TournamentsOfTwoAndTwentyRoundsRunToTheirEndAndAgainAfterYes) {
         host->onForm = [&](Form& form) {
             if (auto* card = dynamic_cast<FrmScoreCard*>(&form)) {
                 ++cardsShown;
+                EXPECT_EQ(card->grid.size(), rounds + 2u);
                 lastCard.clear();
                 for (const auto& row : card->grid) lastCard.push_back({row[0].text, row[1].text, row[2].text});
                 card->cmdOK_Click();
@@ -301,52 +304,22 @@ TEST_F(MatchEnd, TournamentsOfTwoAndTwentyRoundsRunToTheirEndAndAgainAfterYes) {
         EXPECT_EQ(f->m.mRoundNo, 0);
         playDeals(2 * rounds);
         EXPECT_EQ(cardsShown, 2 * rounds);
-        EXPECT_TRUE(host->ending());
+        EXPECT_TRUE(host->ending()) << "No at the end of the tournament closes the program";
+        EXPECT_EQ(program->g.gGameInProgress, 0);
+        EXPECT_EQ(f->m.mRoundNo, 0);
         const auto& scores = program->g.gRoundScores;
         ASSERT_EQ(lastCard.size(), static_cast<std::size_t>(rounds + 2));
+        EXPECT_EQ(lastCard[0], (std::vector<std::string>{"Round", "Player", "Computer"}));
         int total = 0;
         for (int r = 1; r <= rounds; ++r) {
-            EXPECT_EQ(lastCard[r][1], std::to_string(scores[0][r]));
+            EXPECT_EQ(lastCard[r], (std::vector<std::string>{std::to_string(r), std::to_string(scores[0][r]),
+                                                             std::to_string(scores[1][r])}));
             total += scores[0][r];
         }
         EXPECT_EQ(lastCard[rounds + 1][1], std::to_string(total)) << "the second tournament's own total";
+        EXPECT_EQ(lastCard[rounds + 1][0], scores[0][rounds] == 0 ? "Total" : "Final");
         EXPECT_EQ(scores[0][0], total);
     }
-}
-
-TEST_F(MatchEnd, ATournamentOfThreeRoundsRunsToItsEndWithTheScoreCard) {
-    f->events = &counter;
-    f->settings.WriteSettings(1, 3, -1, 0);
-    std::vector<std::vector<std::string>> lastCard;
-    int cardsShown = 0;
-    host->onForm = [&](Form& form) {
-        if (auto* card = dynamic_cast<FrmScoreCard*>(&form)) {
-            ++cardsShown;
-            lastCard.clear();
-            for (const auto& row : card->grid) lastCard.push_back({row[0].text, row[1].text, row[2].text});
-            EXPECT_EQ(card->grid.size(), 5u);
-            card->cmdOK_Click();
-        } else {
-            form.Unload();
-        }
-    };
-    host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
-    f->dealer.imgDeck_Click();
-    playDeals(3);
-    EXPECT_EQ(cardsShown, 3);
-    EXPECT_TRUE(host->ending()) << "No at the end of the tournament closes the program";
-    const auto& scores = program->g.gRoundScores;
-    ASSERT_EQ(lastCard.size(), 5u);
-    EXPECT_EQ(lastCard[0], (std::vector<std::string>{"Round", "Player", "Computer"}));
-    for (int r = 1; r <= 3; ++r) {
-        EXPECT_EQ(lastCard[r][0], std::to_string(r));
-        EXPECT_EQ(lastCard[r][1], std::to_string(scores[0][r]));
-        EXPECT_EQ(lastCard[r][2], std::to_string(scores[1][r]));
-    }
-    EXPECT_EQ(lastCard[4][1], std::to_string(scores[0][1] + scores[0][2] + scores[0][3]));
-    EXPECT_EQ(lastCard[4][0], scores[0][3] == 0 ? "Total" : "Final");
-    EXPECT_EQ(program->g.gGameInProgress, 0);
-    EXPECT_EQ(f->m.mRoundNo, 0);
 }
 
 }  // namespace

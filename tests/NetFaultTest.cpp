@@ -1,11 +1,8 @@
 // What the survivor of a lost connection sees in each phase of a game, the socket's errors,
 // the two cancel questions, and messages that no copy of the game would send.
 #include <algorithm>
-#include <memory>
 
 #include "NetFixture.h"
-#include "SimPlay.h"
-#include "Policy.h"
 #include "net/FrmConnectionStatus.h"
 #include "platform/Socket.h"
 #include "platform/sim/SimNetwork.h"
@@ -27,31 +24,7 @@ std::string lossName(const Loss& loss) {
     return std::string(names[static_cast<int>(loss.phase)]) + (loss.hostSurvives ? "HostSurvives" : "ClientSurvives");
 }
 
-class PeerLost : public NetFixture, public ::testing::WithParamInterface<Loss> {
-protected:
-    void leave(Side& side) {
-        act(side, [&side] { side.host.endProgram(); });
-    }
-    // Plays on until the survivor's own flipped card waits to be placed.
-    bool untilFlipWaits(Side& survivor) {
-        sim::Policy first(false, 0);
-        for (int guard = 0; guard < 50'000; ++guard) {
-            FrmMain& s = survivor.f();
-            if (s.ctl.shpFlipCard.Visible && s.m.mTurn == 0 && !survivor.host.waiting()) return true;
-            bool moved = false;
-            for (Side* side : {&host, &client}) {
-                if (moved || side->host.waiting() || !sim::canMove(side->f())) continue;
-                // A move may pause (a flip's half second) and finish after act has returned: its
-                // result goes where it outlives this frame.
-                const auto made = std::make_shared<bool>(false);
-                act(*side, [made, side, &first] { *made = sim::localMove(side->f(), first); });
-                moved = *made;
-            }
-            if (!moved && !world.step()) return false;
-        }
-        return false;
-    }
-};
+class PeerLost : public NetFixture, public ::testing::WithParamInterface<Loss> {};
 
 TEST_P(PeerLost, TheSurvivorIsToldAndPlaysAlone) {
     const Loss loss = GetParam();
@@ -67,7 +40,9 @@ TEST_P(PeerLost, TheSurvivorIsToldAndPlaysAlone) {
         ASSERT_TRUE(deal());
     }
     if (loss.phase == Phase::FlippedCardWaits) {
-        ASSERT_TRUE(untilFlipWaits(survivor));
+        ASSERT_TRUE(playUntil([&] {
+            return survivor.f().ctl.shpFlipCard.Visible && survivor.f().m.mTurn == 0 && !survivor.host.waiting();
+        }));
     }
     if (loss.phase == Phase::ScoreCardOpen || loss.phase == Phase::RematchQuestion) {
         // The leaver goes while the survivor's card, or its question, stands.
@@ -86,7 +61,7 @@ TEST_P(PeerLost, TheSurvivorIsToldAndPlaysAlone) {
         };
         ASSERT_TRUE(playUntil([&] { return survivor.f().g.gPlayMode == 0; }));
     } else {
-        leave(leaver);
+        act(leaver, [&leaver] { leaver.host.endProgram(); });
     }
     ASSERT_TRUE(runUntil([&] { return survivor.f().g.gPlayMode == 0 && !survivor.host.waiting(); }));
     FrmMain& s = survivor.f();
@@ -127,8 +102,7 @@ TEST_F(NetFault, AResetConnectionIsAnErrorOnOneSideAndALossOnTheOther) {
     EXPECT_TRUE(host.shown("Connection reset by peer"));
     EXPECT_EQ(host.f().socketState(), 0);
     EXPECT_EQ(host.f().g.gPlayMode, 1);
-    const auto titles = host.titles();
-    EXPECT_EQ(std::count(titles.begin(), titles.end(), "Reconnect"), 0);
+    EXPECT_EQ(host.boxes("Reconnect"), 0);
     EXPECT_TRUE(client.shown("Your host has just terminated the network connection."));
 }
 
@@ -148,11 +122,7 @@ TEST_F(NetFault, AClientsErrorAsksToReconnectAndAHostThatSaysYesListensAgain) {
     client.answers.erase("Reconnect");
     client.answers["Reset Game"] = MsgResult::Yes;
     act(client, [&] { client.f().mnuSetup_Click(); });
-    const auto successes = [&] {
-        const auto titles = host.titles();
-        return std::count(titles.begin(), titles.end(), "Connection Successful");
-    };
-    ASSERT_TRUE(runUntil([&] { return successes() == 2; }));
+    ASSERT_TRUE(runUntil([&] { return host.boxes("Connection Successful") == 2; }));
     ASSERT_TRUE(runUntil([&] { return client.f().g.gRounds == host.f().g.gRounds && client.f().m.mConnected; }));
 }
 
@@ -174,15 +144,11 @@ TEST_F(NetFault, APeerThatComesAndGoesBetweenTwoPollsIsSeen) {
         ASSERT_TRUE(runUntil([&] { return raw->State() == Socket::sckConnected; }));
         world.act(rawHost, [&] { raw->Close(); });
     };
-    const auto losses = [&] {
-        const auto titles = host.titles();
-        return std::count(titles.begin(), titles.end(), "Remote Connection Closed");
-    };
     ASSERT_TRUE(runUntil([&] { return host.f().socketState() == Socket::sckListening; }));
     comeAndGo();
-    ASSERT_TRUE(runUntil([&] { return losses() == 1 && host.f().socketState() == Socket::sckListening; }));
+    ASSERT_TRUE(runUntil([&] { return host.boxes("Remote Connection Closed") == 1 && host.f().socketState() == Socket::sckListening; }));
     comeAndGo();  // at once, well inside one poll
-    EXPECT_TRUE(runUntil([&] { return losses() == 2; }, 5000));
+    EXPECT_TRUE(runUntil([&] { return host.boxes("Remote Connection Closed") == 2; }, 5000));
 }
 
 TEST_F(NetFault, ARefusedConnectionIsTheClientsErrorAndYesTriesAgain) {

@@ -45,6 +45,11 @@ std::vector<std::string> NetFixture::Side::titles() const {
     return out;
 }
 
+long NetFixture::Side::boxes(const std::string& title) const {
+    const auto all = titles();
+    return std::count(all.begin(), all.end(), title);
+}
+
 bool NetFixture::Side::shown(const std::string& text) const {
     for (const MsgBox& box : host.shownBoxes())
         if (box.text == text) return true;
@@ -65,11 +70,8 @@ void NetFixture::hostOptions(int gameType, int rounds, bool yaku) {
 bool NetFixture::connect() {
     act(host, [this] { host.f().mnuSetup_Click(); });
     act(client, [this] { client.f().mnuSetup_Click(); });
-    const auto titles = [this] { return host.titles(); };
-    const bool up = runUntil([&] {
-        const auto t = titles();
-        return client.f().connectionStatus && client.f().m.mConnected &&
-               std::find(t.begin(), t.end(), "Connection Successful") != t.end();
+    const bool up = runUntil([this] {
+        return client.f().connectionStatus && client.f().m.mConnected && host.boxes("Connection Successful") > 0;
     });
     world.advance(500);  // the host's options arrive
     return up;

@@ -20,6 +20,7 @@ protected:
         explicit Side(SimWorld& world);
         FrmMain& f() { return program->frmMain; }
         std::vector<std::string> titles() const;
+        long boxes(const std::string& title) const;
         bool shown(const std::string& text) const;
 
         TempDir dir;

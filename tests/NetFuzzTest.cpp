@@ -1,17 +1,14 @@
-// The receive path of both sides under the seeded fuzzer: a run of 100,000 inputs of its own
-// making, the kept inputs of tests/fuzz-corpus/net (each of which once broke a rule, or starts
-// a phase), and the harness itself: every phase stands when an input begins.
+// The receive path of both sides under the seeded fuzzer and its kept inputs, and the harness:
+// every phase stands when an input begins.
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <filesystem>
 #include <thread>
 
-#include "FuzzTargets.h"
+#include "FuzzRuns.h"
 #include "NetPhases.h"
 #include "NetRig.h"
 #include "NetTarget.h"
-#include "SeededFuzzer.h"
 #include "TableInvariants.h"
 
 namespace petal::fuzz {
@@ -21,11 +18,7 @@ constexpr long kSeededRuns = 100'000;
 
 TEST(NetFuzz, ASeededRunOfAHundredThousandInputsBreaksNoRule) {
     NetTarget target(fuzzScratch());
-    const SeededFuzzer::Result result = SeededFuzzer::run(target, 20261123, kSeededRuns, 600.0);
-    EXPECT_EQ(result.failure, "") << "input " << SeededFuzzer::hex(result.input);
-    EXPECT_EQ(result.runs, kSeededRuns);
-    std::printf("%ld inputs in %.1f s (%.0f/s): %s\n", result.runs, result.seconds, result.runs / result.seconds,
-                target.stats().c_str());
+    expectSeededRunClean(target, kSeededRuns);
     // A phase that inputs rarely reach is a phase that is not fuzzed.
     for (int p = 0; p < kNetPhases; ++p) {
         const auto phase = static_cast<NetPhase>(p);
@@ -35,14 +28,7 @@ TEST(NetFuzz, ASeededRunOfAHundredThousandInputsBreaksNoRule) {
 }
 
 TEST(NetFuzz, TheKeptInputsRunClean) {
-    const std::filesystem::path corpus = std::filesystem::path(PETAL_SOURCE_DIR) / "tests/fuzz-corpus/net";
-    int inputs = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(corpus)) {
-        NetTarget target(fuzzScratch());  // each as if alone, as it was kept
-        EXPECT_EQ(SeededFuzzer::replay(target, entry.path()), "") << entry.path().filename();
-        ++inputs;
-    }
-    EXPECT_GE(inputs, 2 * kNetPhases) << "a seed for each side and phase";
+    EXPECT_GE(expectKeptInputsClean<NetTarget>("net"), 2 * kNetPhases) << "a seed for each side and phase";
 }
 
 // The state that each phase promises, as the program's model shows it.

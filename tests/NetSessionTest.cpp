@@ -159,14 +159,5 @@ TEST_P(ScoreCardMeeting, TheCardsMeetAndTheNextRoundWaitsForBoth) {
 INSTANTIATE_TEST_SUITE_P(EitherSideLeads, ScoreCardMeeting, ::testing::Bool(),
                          [](const auto& info) { return info.param ? "HostLeads" : "ClientLeads"; });
 
-TEST_F(NetSession, AChatLineWithCommasArrivesWhole) {
-    ASSERT_TRUE(connect());
-    std::vector<std::string> lines;
-    host.f().net.chatReceived = [&](const std::string& line) { lines.push_back(line); };
-    act(client, [&] { client.f().sendToPeer("CHAT,one, two,,three"); });
-    ASSERT_TRUE(runUntil([&] { return !lines.empty(); }));
-    EXPECT_EQ(lines, std::vector<std::string>{"one, two,,three"});
-}
-
 }  // namespace
 }  // namespace petal::test

@@ -12,7 +12,7 @@
 #include <QWidget>
 
 #include "platform/qt/QtHost.h"
-#include "platform/Timer.h"
+#include "NestedTicks.h"
 
 namespace petal {
 namespace {
@@ -39,21 +39,9 @@ TEST(QtHost, AWaitSleepsUntilItsTimerFires) {
 
 TEST(QtHost, ATickNeverStartsInsideItsOwnPreviousTick) {
     QtHost host("/tmp");
-    int depth = 0, deepest = 0, ticks = 0;
-    bool released = false;
-    Timer release(host, [&] { released = true; }, 120);
-    Timer busy(host, [&] {
-        ++ticks;
-        deepest = std::max(deepest, ++depth);
-        if (ticks == 1) {
-            release.setEnabled(true);
-            host.waitUntil([&] { return released; });  // busy's interval passes many times in here
-        }
-        --depth;
-    }, 10);
-    busy.setEnabled(true);
-    host.waitUntil([&] { return ticks >= 3; });
-    EXPECT_EQ(deepest, 1);
+    NestedTicks busy(host, 10, 120);
+    host.waitUntil([&] { return busy.ticks >= 3; });
+    EXPECT_EQ(busy.deepest, 1);
 }
 
 // A posted call waits until the handler that posted it has returned, then runs as a handler

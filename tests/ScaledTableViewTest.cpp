@@ -9,14 +9,9 @@
 #include <QTest>
 #include <QToolTip>
 
-#include "GameFixture.h"
+#include "TableWindow.h"
 #include "cards/FrmCards.h"
-#include "ViewStart.h"
-#include "assets/PictureStore.h"
 #include "engine/table_view/TableView.h"
-#include "shell/FormDialogs.h"
-#include "shell/MainWindow.h"
-#include "platform/qt/QtHost.h"
 
 namespace petal::test {
 namespace {
@@ -26,24 +21,17 @@ using Place = TableFocus::Place;
 
 constexpr int kPineCrane = 0, kPlumWarbler = 4, kPineChaffA = 2, kCherryCurtain = 8;
 
-class ScaledTable : public ::testing::TestWithParam<double> {
+class ScaledTable : public ::testing::TestWithParam<double>, protected TableWindow {
 protected:
     void SetUp() override {
-        program = std::make_unique<Program>(host);
-        window = std::make_unique<MainWindow>(program->frmMain, host, pictures);
-        host.setMainWidget(window.get());
-        host.onModelChanged = [this] { window->sync(); };
-        registerFormDialogs(host, pictures);
-        startPastSplash(host, *program);
-        view = window->table();
         const QSize wanted = (TableScale::designSize() * GetParam()).toSize();
-        window->resize(window->size() + wanted - view->size());
+        window.resize(window.size() + wanted - view->size());
         QTRY_COMPARE(view->size(), wanted);
         QTRY_VERIFY(view->settled());
     }
-    void TearDown() override { program->g.gGameInProgress = 0; }  // so that closing asks nothing
+    void TearDown() override { program.g.gGameInProgress = 0; }  // so that closing asks nothing
 
-    FrmMain& game() { return program->frmMain; }
+    FrmMain& game() { return program.frmMain; }
     QRectF shown(const Control& c) const { return view->scale().map(TableScale::designRect(c, QPointF(0, 0))); }
     QPoint centre(const Control& c) const { return shown(c).center().toPoint(); }
     void click(const Control& c) { QTest::mouseClick(view, Qt::LeftButton, {}, centre(c)); }
@@ -54,7 +42,7 @@ protected:
     }
     bool inLocalPiles(int catalogueIndex) const {
         const PictureId face = FrmCards::card(catalogueIndex + 1).Picture;
-        for (const auto& row : program->frmMain.ctl.panel[0].piles)
+        for (const auto& row : program.frmMain.ctl.panel[0].piles)
             for (const Image& card : row)
                 if (card.Picture == face) return true;
         return false;
@@ -67,19 +55,14 @@ protected:
         return image;
     }
 
-    TempDir dir;
-    QtHost host{dir.path()};
-    PictureStore pictures;
-    std::unique_ptr<Program> program;
-    std::unique_ptr<MainWindow> window;
-    TableView* view = nullptr;
+    TableView* view = window.table();
 };
 
 TEST_P(ScaledTable, ClicksAndToolTipsReachTheControlsAtTheirScaledPlaces) {
     ASSERT_NEAR(view->scale().factor(), GetParam(), 0.01);
     EXPECT_EQ(toolTipAt(centre(game().ctl.imgDeck)), "Click the deck to deal.");
     click(game().ctl.imgDeck);
-    ASSERT_EQ(program->g.gGameInProgress, 1);
+    ASSERT_EQ(program.g.gGameInProgress, 1);
 
     dealWith(game(), {kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain});
     const TableModel& c = game().ctl;
@@ -156,17 +139,11 @@ INSTANTIATE_TEST_SUITE_P(Scales, ScaledTable, ::testing::Values(1.0, 1.5, 2.0),
 
 // Run again on a screen of ratio 2 (QT_SCALE_FACTOR, with PETAL_SCREEN_DPR naming the ratio): the
 // window's own pictures are then at 2x.
-TEST(ScaledTableScreen, TheViewPaintsAtTheScreensRatio) {
+class ScaledTableScreen : public ::testing::Test, protected TableWindow {};
+
+TEST_F(ScaledTableScreen, TheViewPaintsAtTheScreensRatio) {
     const QString expected = qEnvironmentVariable("PETAL_SCREEN_DPR");
     if (expected.isEmpty()) GTEST_SKIP() << "run by the suite on a screen of ratio 2";
-    TempDir dir;
-    QtHost host(dir.path());
-    PictureStore pictures;
-    Program program(host);
-    MainWindow window(program.frmMain, host, pictures);
-    host.setMainWidget(&window);
-    registerFormDialogs(host, pictures);
-    startPastSplash(host, program);
     ASSERT_EQ(window.table()->devicePixelRatioF(), expected.toDouble());
     const QPixmap grabbed = window.table()->grab();
     EXPECT_EQ(grabbed.devicePixelRatio(), expected.toDouble());

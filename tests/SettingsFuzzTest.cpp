@@ -1,15 +1,11 @@
-// The settings file under the seeded fuzzer: a run of files of its own making, the kept inputs
-// of tests/fuzz-corpus/settings (each of which once broke a rule, or starts a kind of file), and
-// the harness itself: its idea of the file as the program writes it, and its eye for what a
-// player would never see.
+// The settings file under the seeded fuzzer and its kept inputs, and the harness: its idea of
+// the file as the program writes it, and its eye for what a player would never see.
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <stdexcept>
 
 #include "FileRig.h"
-#include "FuzzTargets.h"
-#include "SeededFuzzer.h"
+#include "FuzzRuns.h"
 #include "SettingsSampler.h"
 #include "SettingsTarget.h"
 #include "records/Gardenia.h"
@@ -21,11 +17,7 @@ constexpr long kSeededRuns = 20'000;
 
 TEST(SettingsFuzz, ASeededRunOfTwentyThousandFilesBreaksNoRule) {
     SettingsTarget target(fuzzScratch());
-    const SeededFuzzer::Result result = SeededFuzzer::run(target, 20261123, kSeededRuns, 600.0);
-    EXPECT_EQ(result.failure, "") << "input " << SeededFuzzer::hex(result.input);
-    EXPECT_EQ(result.runs, kSeededRuns);
-    std::printf("%ld inputs in %.1f s (%.0f/s): %s\n", result.runs, result.seconds, result.runs / result.seconds,
-                target.stats().c_str());
+    expectSeededRunClean(target, kSeededRuns);
     // Each way through the program takes a good share of the files, or it is not fuzzed.
     EXPECT_GT(target.started(), kSeededRuns / 2);
     EXPECT_GT(target.refused(), kSeededRuns / 20);
@@ -34,14 +26,7 @@ TEST(SettingsFuzz, ASeededRunOfTwentyThousandFilesBreaksNoRule) {
 }
 
 TEST(SettingsFuzz, TheKeptInputsRunClean) {
-    const std::filesystem::path corpus = std::filesystem::path(PETAL_SOURCE_DIR) / "tests/fuzz-corpus/settings";
-    int inputs = 0;
-    for (const auto& entry : std::filesystem::directory_iterator(corpus)) {
-        SettingsTarget target(fuzzScratch());
-        EXPECT_EQ(SeededFuzzer::replay(target, entry.path()), "") << entry.path().filename();
-        ++inputs;
-    }
-    EXPECT_GE(inputs, 10);
+    EXPECT_GE(expectKeptInputsClean<SettingsTarget>("settings"), 10);
 }
 
 // The target takes a file of these bytes for one that the program wrote, and holds the program

@@ -1,6 +1,5 @@
 // The settings file: its bytes, how it is read, and how its failures end the program.
 #include <fstream>
-#include <sstream>
 
 #include "GameFixture.h"
 #include "shell/FrmSetup.h"
@@ -12,12 +11,7 @@ class Settings : public GameFixture {
 protected:
     std::filesystem::path file() const { return dir.path() / "GARDENIA.ini"; }
     void writeFile(const std::string& bytes) { std::ofstream(file(), std::ios::binary) << bytes; }
-    std::string readFile() const {
-        std::ifstream in(file(), std::ios::binary);
-        std::ostringstream s;
-        s << in.rdbuf();
-        return s.str();
-    }
+    std::string readFile() const { return fileText(file()); }
     // A fresh program on this file; the box about unplayable values is answered.
     void restartWith(const std::string& bytes) {
         program.reset();
@@ -40,7 +34,6 @@ protected:
 TEST_F(Settings, FirstStartWritesTheFourteenDefaultBytes) {
     start();
     EXPECT_EQ(readFile(), std::string("0\r\n10\r\n-1\r\n0\r\n"));
-    EXPECT_EQ(readFile().size(), 14u);
     EXPECT_EQ(program->g.gRounds, 10);
     EXPECT_TRUE(program->g.gUseYaku);
     EXPECT_EQ(f->Caption, "Petalgarden");
@@ -100,7 +93,7 @@ TEST_F(Settings, BrokenFilesEndTheProgramWithAMessageNamingTheFile) {
         startGuarded();
         EXPECT_TRUE(host->ending()) << bytes;
         EXPECT_NE(host->exitStatus(), 0) << "an end after a failure";
-        EXPECT_NE(failure.text.find((other.path() / "GARDENIA.ini").string()), std::string::npos) << failure.text;
+        EXPECT_THAT(failure.text, HasSubstr((other.path() / "GARDENIA.ini").string()));
         EXPECT_EQ(failure.icon, MsgIcon::Exclamation);
     }
 }
@@ -110,8 +103,7 @@ TEST_F(Settings, AFolderInTheFilesPlaceIsToldWithTheRealReason) {
     std::filesystem::create_directory(file());
     startGuarded();
     EXPECT_TRUE(host->ending());
-    EXPECT_NE(failure.text.find("\"" + file().string() + "\" cannot be written: Is a directory."), std::string::npos)
-        << failure.text;
+    EXPECT_THAT(failure.text, HasSubstr("\"" + file().string() + "\" cannot be written: Is a directory."));
     EXPECT_FALSE(std::filesystem::exists(file().string() + ".tmp"));
 }
 
@@ -126,7 +118,7 @@ TEST_F(Settings, TheWriteRespectsReadOnlyFilesLinksAndPermissions) {
         f->settings.WriteSettings(0, 10, -1, 0);
         ADD_FAILURE() << "a read-only file was written";
     } catch (const FatalError& e) {
-        EXPECT_NE(std::string(e.what()).find("cannot be written: Permission denied."), std::string::npos) << e.what();
+        EXPECT_THAT(std::string(e.what()), HasSubstr("cannot be written: Permission denied."));
     }
     EXPECT_EQ(readFile(), "1\r\n5\r\n-1\r\n0\r\n");
     EXPECT_EQ(std::filesystem::status(file()).permissions(), perms::owner_read | perms::group_read);
@@ -166,8 +158,8 @@ TEST_F(Settings, UnplayableValuesTakeTheirDefaultAndAreTold) {
         EXPECT_EQ(program->g.gRounds, c.rounds) << c.text;
         ASSERT_EQ(host->shownBoxes().size(), c.told.empty() ? 0u : 1u) << c.text;
         for (const std::string& line : c.told) {
-            EXPECT_NE(host->shownBoxes()[0].text.find(line), std::string::npos) << host->shownBoxes()[0].text;
-            EXPECT_NE(host->shownBoxes()[0].text.find(file().string()), std::string::npos);
+            EXPECT_THAT(host->shownBoxes()[0].text, HasSubstr(line));
+            EXPECT_THAT(host->shownBoxes()[0].text, HasSubstr(file().string()));
         }
         EXPECT_EQ(readFile(), c.text) << "rewritten only by the setup dialog";
     }
@@ -195,7 +187,7 @@ TEST_F(Settings, AFileThatCannotBeCreatedEndsTheProgramInOrder) {
     std::filesystem::create_directory(dir.path() / "GARDENIA.ini.tmp");
     startGuarded();
     EXPECT_TRUE(host->ending());
-    EXPECT_NE(failure.text.find("cannot be created"), std::string::npos) << failure.text;
+    EXPECT_THAT(failure.text, HasSubstr("cannot be created"));
     EXPECT_FALSE(std::filesystem::exists(file()));
 }
 

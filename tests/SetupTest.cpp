@@ -1,8 +1,5 @@
 // The setup dialog driven as a user would: option buttons, the rounds and host boxes, the two
 // validation messages, Cancel, and the reset of a running game.
-#include <fstream>
-#include <sstream>
-
 #include "GameFixture.h"
 #include "Policy.h"
 #include "SimPlay.h"
@@ -20,12 +17,7 @@ protected:
         host->onForm = [&](Form& form) { script(dynamic_cast<FrmSetup&>(form)); };
         f->mnuSetup_Click();
     }
-    std::string settingsFile() const {
-        std::ifstream in(dir.path() / "GARDENIA.ini", std::ios::binary);
-        std::ostringstream s;
-        s << in.rdbuf();
-        return s.str();
-    }
+    std::string settingsFile() const { return fileText(dir.path() / "GARDENIA.ini"); }
 };
 
 TEST_F(Setup, TheDialogOpensFromTheGlobalsWithItsBuiltState) {
@@ -117,14 +109,18 @@ TEST_F(Setup, RoundsAreCheckedOnlyForATournament) {
     EXPECT_FALSE(f->menu.mnuVScore.Enabled);
 }
 
-TEST_F(Setup, ARoundsValueFromTheFileIsShownWhole) {
-    f->settings.WriteSettings(1, 100, -1, 0);
+// A rounds value of the file is shown whole, and host mode shows an empty address.
+TEST_F(Setup, TheDialogOpensFromTheStoredValues) {
+    f->settings.WriteSettings(1, 100, -1, 1);
+    program->g.gHostIP = "198.51.100.7";
     openSetup([](FrmSetup& d) {
         EXPECT_EQ(d.txtRounds.Text, "100") << "the two-character limit holds for typing only";
         d.setText(d.txtRounds, "123");
         EXPECT_EQ(d.txtRounds.Text, "12");
+        EXPECT_EQ(d.txtHostIP.Text, "");
         d.cmdCancel_Click();
     });
+    EXPECT_EQ(program->g.gHostIP, "");
 }
 
 TEST_F(Setup, OnlyDigitsAndBackspaceAreTyped) {
@@ -149,16 +145,6 @@ TEST_F(Setup, LeavingJoinEmptiesTheAddressAtOnceEvenOnCancel) {
     });
     EXPECT_EQ(program->g.gHostIP, "");
     EXPECT_EQ(program->g.gPlayMode, 2) << "the cancelled dialog stored nothing";
-}
-
-TEST_F(Setup, OpeningInHostModeShowsAnEmptyAddress) {
-    f->settings.WriteSettings(0, 10, -1, 1);
-    program->g.gHostIP = "198.51.100.7";
-    openSetup([](FrmSetup& d) {
-        EXPECT_EQ(d.txtHostIP.Text, "");
-        d.cmdCancel_Click();
-    });
-    EXPECT_EQ(program->g.gHostIP, "");
 }
 
 TEST_F(Setup, ARunningGameAsksBeforeItIsReset) {

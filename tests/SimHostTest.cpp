@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "NestedTicks.h"
 #include "platform/Form.h"
 #include "platform/sim/SimHost.h"
 #include "platform/Timer.h"
@@ -25,24 +26,12 @@ TEST(SimHost, TimersFireInOrderOfDueTime) {
 
 TEST(SimHost, NoTickStartsWhileThePreviousTickRuns) {
     SimHost host("/tmp");
-    int depth = 0, deepest = 0, ticks = 0;
-    bool released = false;
-    Timer release(host, [&] { released = true; }, 1200);
-    Timer busy(host, [&] {
-        ++ticks;
-        deepest = std::max(deepest, ++depth);
-        if (ticks == 1) {
-            release.setEnabled(true);
-            host.waitUntil([&] { return released; });  // nested events run meanwhile
-        }
-        --depth;
-    }, 500);
-    busy.setEnabled(true);
+    NestedTicks busy(host, 500, 1200);
     host.advance(2000);
-    EXPECT_EQ(deepest, 1);
-    EXPECT_TRUE(released);
+    EXPECT_EQ(busy.deepest, 1);
+    EXPECT_TRUE(busy.released);
     // The ticks due at 1000 and 1500 fell inside the first one; the grid goes on after it.
-    EXPECT_EQ(ticks, 2);
+    EXPECT_EQ(busy.ticks, 2);
     EXPECT_EQ(host.now(), 2000);
 }
 

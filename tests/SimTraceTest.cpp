@@ -3,23 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <regex>
 #include <set>
 #include <sstream>
 
 #include "SimPlay.h"
+#include "TraceFields.h"
 #include "cards/FrmCards.h"
 
 namespace petal::test {
 namespace {
-
-std::map<std::string, std::string> fields(const std::string& line) {
-    static const std::regex field(R"re("(\w+)":("[^"]*"|\[[^\]]*\]|-?[0-9.]+))re");
-    std::map<std::string, std::string> out;
-    for (auto it = std::sregex_iterator(line.begin(), line.end(), field); it != std::sregex_iterator(); ++it)
-        out[(*it)[1]] = (*it)[2];
-    return out;
-}
 
 std::vector<int> numbers(const std::string& list) {
     std::vector<int> out;
@@ -36,7 +28,7 @@ int checkTrace(const std::string& trace, bool yaku) {
     std::set<int> onTable;
     int ended = 0;
     for (std::string line; std::getline(lines, line);) {
-        auto f = fields(line);
+        auto f = traceFields(line);
         const std::string ev = f["ev"];
         EXPECT_EQ(line.front(), '{');
         if (ev == "\"deal\"") {

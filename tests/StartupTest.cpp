@@ -4,10 +4,12 @@
 namespace petal::test {
 namespace {
 
-class Startup : public GameFixture {};
+class Startup : public GameFixture {
+protected:
+    void SetUp() override { start(); }
+};
 
 TEST_F(Startup, TheTableStandsEmptyWithItsStartingPictures) {
-    start();
     EXPECT_EQ(program->g.gGameInProgress, 0);
     EXPECT_EQ(program->g.gYakuCodes[0], "11");
     EXPECT_EQ(program->g.gYakuCodes[23], "83");
@@ -29,7 +31,6 @@ TEST_F(Startup, TheTableStandsEmptyWithItsStartingPictures) {
 }
 
 TEST_F(Startup, ClosingWithoutAGameEndsAtOnceWithoutAQuestion) {
-    start();
     f->mnuExit_Click();
     EXPECT_TRUE(host->ending());
     EXPECT_EQ(host->exitStatus(), 0);
@@ -37,7 +38,6 @@ TEST_F(Startup, ClosingWithoutAGameEndsAtOnceWithoutAQuestion) {
 }
 
 TEST_F(Startup, NoToTheQuestionLeavesTheGameAndItsTimersAsTheyWere) {
-    start();
     dealWith({}, {}, {});
     f->m.mTurn = 1;
     f->tmrComputer.setEnabled(true);
@@ -50,7 +50,6 @@ TEST_F(Startup, NoToTheQuestionLeavesTheGameAndItsTimersAsTheyWere) {
 }
 
 TEST_F(Startup, NoAfterTheGameEndedMeanwhileClearsTheTable) {
-    start();
     dealWith({}, {}, {});
     // The game ends while the question stands (a timer ran inside the box).
     host->onMsgBox = [this](const MsgBox& box) {
@@ -64,7 +63,6 @@ TEST_F(Startup, NoAfterTheGameEndedMeanwhileClearsTheTable) {
 }
 
 TEST_F(Startup, YesClosesTheHallOfFameAndEndsTheProgram) {
-    start();
     dealWith({}, {}, {});
     host->expectMsgBox("Are you sure?", "Quit Petalgardn", MsgResult::Yes);
     f->mnuExit_Click();
@@ -73,7 +71,6 @@ TEST_F(Startup, YesClosesTheHallOfFameAndEndsTheProgram) {
 }
 
 TEST_F(Startup, MovingTheMouseTakesAwayOnlyTheHand) {
-    start();
     dealWith({}, {}, {});
     f->yaku.imgPYaku_MouseMove(0);
     EXPECT_EQ(f->MousePointer(), FrmMain::kPointerHand);

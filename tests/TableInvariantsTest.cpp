@@ -76,8 +76,7 @@ TEST_F(Invariants, EachBreakIsFoundAndNamed) {
         f->dealer.DealCards();
         ASSERT_EQ(TableInvariants::check(*f), "") << "a fresh deal, before " << b.name;
         b.apply(*f);
-        EXPECT_NE(TableInvariants::check(*f).find(b.found), std::string::npos)
-            << b.name << ": " << TableInvariants::check(*f);
+        EXPECT_THAT(TableInvariants::check(*f), HasSubstr(b.found)) << b.name;
     }
 }
 

@@ -23,6 +23,14 @@ protected:
     bool localMayAct() const {
         return f->m.mTurn == 0 && !f->tmrComputer.Enabled() && f->MousePointer() != FrmMain::kPointerHourglass;
     }
+    // Counts the deals that end, closing every form and answering every question Yes.
+    void playOn() {
+        f->events = &counter;
+        host->onForm = [](Form& form) { form.Unload(); };
+        host->onMsgBox = [](const MsgBox&) { return MsgResult::Yes; };
+    }
+    // Two hand cards, the first with two pine matches on the table.
+    void dealPines() { dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain, kPineRibbon}); }
     int lastHandSlot() const {
         for (int i = 7; i >= 0; --i)
             if (f->ctl.imgPCard[i].Visible && f->ctl.imgPCard[i].hasPicture()) return i;
@@ -40,9 +48,7 @@ protected:
 // frames, End and Left reach the last framed table card, else Home reaches the table top; a
 // flipped card that waits is taken where the mark has gone by itself.
 TEST_F(TableKeysTest, AWholeDealIsPlayedByKeysAlone) {
-    f->events = &counter;
-    host->onForm = [](Form& form) { form.Unload(); };
-    host->onMsgBox = [](const MsgBox&) { return MsgResult::Yes; };
+    playOn();
     press(Key::Use);
     EXPECT_EQ(program->g.gGameInProgress, 0) << "the first key only shows the mark";
     EXPECT_TRUE(keys->markShown());
@@ -87,9 +93,7 @@ TEST_F(TableKeysTest, AWholeDealIsPlayedByKeysAlone) {
 
 // Enter alone: the mark always goes on to where the game waits, so a deal never stalls.
 TEST_F(TableKeysTest, EnterAloneFollowsTheGameThroughAWholeDeal) {
-    f->events = &counter;
-    host->onForm = [](Form& form) { form.Unload(); };
-    host->onMsgBox = [](const MsgBox&) { return MsgResult::Yes; };
+    playOn();
     int presses = 0;
     for (int guard = 0; counter.ended == 0 && guard < 10'000; ++guard) {
         if (program->g.gGameInProgress == 1 && !localMayAct()) {
@@ -130,7 +134,7 @@ TEST_F(TableKeysTest, TheMarkDoesNotFollowTheOtherSidesFlippedCard) {
 }
 
 TEST_F(TableKeysTest, TheGuardsHoldForKeysAsForClicks) {
-    dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain, kPineRibbon});
+    dealPines();
     press(Key::Card, 0);
     EXPECT_TRUE(keys->markShown()) << "a digit names its place and acts at once";
     EXPECT_EQ(framedSlots(), (std::vector<int>{0, 2}));
@@ -155,7 +159,7 @@ TEST_F(TableKeysTest, TheGuardsHoldForKeysAsForClicks) {
 }
 
 TEST_F(TableKeysTest, OnlyFramedCardsAreStopsAndTheMarkKeepsToItsRows) {
-    dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain, kPineRibbon});
+    dealPines();
     press(Key::Up);  // shows the mark, on the deck where it started
     press(Key::Down);
     EXPECT_EQ(at(), (Place{Kind::Hand, 7})) << "the hand card nearest the deck";
@@ -195,7 +199,7 @@ TEST_F(TableKeysTest, OnlyFramedCardsAreStopsAndTheMarkKeepsToItsRows) {
 }
 
 TEST_F(TableKeysTest, AClickHidesTheMarkAndTheKeysGoOnFromIt) {
-    dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain, kPineRibbon});
+    dealPines();
     press(Key::Right);
     ASSERT_TRUE(keys->markShown());
     keys->click({Kind::Hand, 0});

@@ -13,67 +13,47 @@
 #include <QMouseEvent>
 #include <QTest>
 
-#include "GameFixture.h"
-#include "ViewStart.h"
-#include "assets/PictureStore.h"
+#include "TableWindow.h"
 #include "engine/table_view/TableView.h"
 #include "records/FrmHOFWinner.h"
-#include "shell/FormDialogs.h"
-#include "shell/MainWindow.h"
-#include "platform/qt/QtHost.h"
 
 namespace petal::test {
 namespace {
 
-// The view runs on the Qt host, in a fresh folder of its own.
-class TableViewTest : public ::testing::Test {
+class TableViewTest : public ::testing::Test, protected TableWindow {
 protected:
-    void SetUp() override {
-        program = std::make_unique<Program>(host);
-        window = std::make_unique<MainWindow>(program->frmMain, host, pictures);
-        host.setMainWidget(window.get());
-        host.onModelChanged = [this] { window->sync(); };
-        registerFormDialogs(host, pictures);
-        startPastSplash(host, *program);
-    }
     QPoint centre(const Control& c) const { return QPoint((c.Left + c.Width / 2) / 15, (c.Top + c.Height / 2) / 15); }
-    void click(const Control& c) { QTest::mouseClick(window->table(), Qt::LeftButton, {}, centre(c)); }
+    void click(const Control& c) { QTest::mouseClick(window.table(), Qt::LeftButton, {}, centre(c)); }
     QString toolTipAt(const Control& c) {
-        QHelpEvent help(QEvent::ToolTip, centre(c), window->table()->mapToGlobal(centre(c)));
-        QApplication::sendEvent(window->table(), &help);
+        QHelpEvent help(QEvent::ToolTip, centre(c), window.table()->mapToGlobal(centre(c)));
+        QApplication::sendEvent(window.table(), &help);
         return QToolTip::text();
     }
-
-    TempDir dir;
-    QtHost host{dir.path()};
-    PictureStore pictures;
-    std::unique_ptr<Program> program;
-    std::unique_ptr<MainWindow> window;
 };
 
 TEST_F(TableViewTest, TheTableStartsAtItsDesignedClientAreaWithTheMenus) {
-    EXPECT_EQ(window->table()->size(), QSize(790, 552));
+    EXPECT_EQ(window.table()->size(), QSize(790, 552));
     // The yaku panel, cut off at the bottom edge and by two pixels at the right, stands whole.
-    program->frmMain.ctl.picYakuShow.Visible = true;
-    for (const TableView::Item& item : window->table()->items()) {
+    program.frmMain.ctl.picYakuShow.Visible = true;
+    for (const TableView::Item& item : window.table()->items()) {
         const Control& c = *item.control;
-        EXPECT_LE((c.Top + c.Height) / 15.0, window->table()->height()) << c.Left << "," << c.Top;
-        EXPECT_LE((c.Left + c.Width) / 15.0, window->table()->width()) << c.Left << "," << c.Top;
+        EXPECT_LE((c.Top + c.Height) / 15.0, window.table()->height()) << c.Left << "," << c.Top;
+        EXPECT_LE((c.Left + c.Width) / 15.0, window.table()->width()) << c.Left << "," << c.Top;
     }
-    EXPECT_EQ(window->windowTitle(), "Petalgarden");
+    EXPECT_EQ(window.windowTitle(), "Petalgarden");
     QStringList menus;
-    for (QAction* action : window->menuBar()->actions()) menus << action->text();
+    for (QAction* action : window.menuBar()->actions()) menus << action->text();
     EXPECT_EQ(menus, (QStringList{"Game", "&View", "&Help"}));
-    auto* score = window->findChild<QAction*>("mnuVScore");
+    auto* score = window.findChild<QAction*>("mnuVScore");
     ASSERT_NE(score, nullptr);
     EXPECT_EQ(score->shortcut(), QKeySequence(Qt::Key_F6));
     EXPECT_FALSE(score->isEnabled());
-    EXPECT_FALSE(window->findChild<QAction*>("mnuVChat")->isEnabled());
+    EXPECT_FALSE(window.findChild<QAction*>("mnuVChat")->isEnabled());
 }
 
 TEST_F(TableViewTest, ControlsStandWhereTheLayoutPutsThem) {
-    const auto items = window->table()->items();
-    const TableModel& c = program->frmMain.ctl;
+    const auto items = window.table()->items();
+    const TableModel& c = program.frmMain.ctl;
     struct Case {
         const Control& control;
         QPoint pixel;
@@ -87,7 +67,7 @@ TEST_F(TableViewTest, ControlsStandWhereTheLayoutPutsThem) {
         {c.imgPYaku[23], QPoint((240 + 780 * 7 + 360 + 100) / 15, (7530 + 500) / 15), &c.imgPYaku[23]},
     };
     for (const Case& k : cases) {
-        const TableView::Item* hit = window->table()->hitTest(k.pixel, items);
+        const TableView::Item* hit = window.table()->hitTest(k.pixel, items);
         ASSERT_NE(hit, nullptr);
         EXPECT_EQ(hit->control, k.expected) << k.pixel.x() << "," << k.pixel.y();
     }
@@ -98,15 +78,15 @@ TEST_F(TableViewTest, ControlsStandWhereTheLayoutPutsThem) {
 }
 
 TEST_F(TableViewTest, AClickOnTheDeckDealsAndTheWindowIsSavedForReview) {
-    EXPECT_EQ(toolTipAt(program->frmMain.ctl.imgDeck), "Click the deck to deal.") << "a newcomer learns how to start";
-    click(program->frmMain.ctl.imgDeck);
-    EXPECT_EQ(program->g.gGameInProgress, 1);
-    EXPECT_TRUE(program->frmMain.ctl.imgPCard[0].hasPicture());
-    click(program->frmMain.ctl.imgPCard[0]);
-    EXPECT_TRUE(program->frmMain.ctl.shpPHilite.Visible);
+    EXPECT_EQ(toolTipAt(program.frmMain.ctl.imgDeck), "Click the deck to deal.") << "a newcomer learns how to start";
+    click(program.frmMain.ctl.imgDeck);
+    EXPECT_EQ(program.g.gGameInProgress, 1);
+    EXPECT_TRUE(program.frmMain.ctl.imgPCard[0].hasPicture());
+    click(program.frmMain.ctl.imgPCard[0]);
+    EXPECT_TRUE(program.frmMain.ctl.shpPHilite.Visible);
     const QString file = QStringLiteral(PETAL_BUILD_DIR "/table-view.png");
-    EXPECT_TRUE(window->grab().save(file));
-    program->g.gGameInProgress = 0;  // so that closing the window asks nothing
+    EXPECT_TRUE(window.grab().save(file));
+    program.g.gGameInProgress = 0;  // so that closing the window asks nothing
 }
 
 // A stray Escape or a click on the close box must not answer "Do you want to play again?" with
@@ -132,7 +112,7 @@ TEST_F(TableViewTest, AQuestionAnswersOnlyToItsButtonsAndBoxesStandClearOfThePan
     EXPECT_TRUE(openAfterClose);
 
     registerFormDialogs(host, pictures);
-    FrmHOFWinner winner(program->g, program->hof);
+    FrmHOFWinner winner(program.g, program.hof);
     QTimer::singleShot(50, [&] {
         QWidget* dialog = QApplication::activeModalWidget();
         ASSERT_NE(dialog, nullptr);
@@ -141,10 +121,10 @@ TEST_F(TableViewTest, AQuestionAnswersOnlyToItsButtonsAndBoxesStandClearOfThePan
     });
     host.dispatch([&] { host.showModal(winner); });
 
-    const QRect table(window->table()->mapToGlobal(QPoint(6, 168)), QSize(432, 209));
+    const QRect table(window.table()->mapToGlobal(QPoint(6, 168)), QSize(432, 209));
     for (const QRect& shown : {box, form}) {
-        for (const ScorePanel& panel : program->frmMain.ctl.panel) {
-            const QRect pixels(window->table()->mapToGlobal(QPoint(panel.box.Left / 15, panel.box.Top / 15)),
+        for (const ScorePanel& panel : program.frmMain.ctl.panel) {
+            const QRect pixels(window.table()->mapToGlobal(QPoint(panel.box.Left / 15, panel.box.Top / 15)),
                                QSize(panel.box.Width / 15, panel.box.Height / 15));
             EXPECT_FALSE(shown.intersects(pixels)) << "a score panel is covered";
         }

@@ -5,23 +5,15 @@
 #include <chrono>
 #include <fstream>
 #include <map>
-#include <regex>
 #include <sstream>
 #include <thread>
 
 #include "GameFixture.h"
 #include "ToolProcess.h"
+#include "TraceFields.h"
 
 namespace petal::test {
 namespace {
-
-std::map<std::string, std::string> fields(const std::string& line) {
-    static const std::regex field(R"re("(\w+)":("[^"]*"|\[[^\]]*\]|-?[0-9.]+))re");
-    std::map<std::string, std::string> out;
-    for (auto it = std::sregex_iterator(line.begin(), line.end(), field); it != std::sregex_iterator(); ++it)
-        out[(*it)[1]] = (*it)[2];
-    return out;
-}
 
 // The host's event as the client sees it: the sides, the lead and the scores swapped.
 std::map<std::string, std::string> mirrored(std::map<std::string, std::string> e) {
@@ -68,7 +60,7 @@ TEST(TcpPair, TwoPlayersOverLoopbackPlayWholeGamesThatMirror) {
         ASSERT_EQ(hostEvents.size(), clientEvents.size());
         int ends = 0;
         for (std::size_t i = 0; i < hostEvents.size(); ++i) {
-            EXPECT_EQ(mirrored(fields(hostEvents[i])), fields(clientEvents[i])) << hostEvents[i];
+            EXPECT_EQ(mirrored(traceFields(hostEvents[i])), traceFields(clientEvents[i])) << hostEvents[i];
             ends += hostEvents[i].find("\"ev\":\"end\"") != std::string::npos;
         }
         EXPECT_EQ(ends, s.deals);
