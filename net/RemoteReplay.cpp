@@ -8,7 +8,7 @@ namespace petal {
 
 namespace {
 
-int fieldOf(const WireMessage& move, std::size_t index) { return static_cast<int>(Val(move.fields.at(index))); }
+int fieldOf(const WireMessage& move, std::size_t index) { return static_cast<int>(Val(move.field(index))); }
 
 }  // namespace
 

@@ -52,7 +52,7 @@ public:
     std::function<void(const std::string& line)> chatReceived;
 
 private:
-    void framed(MessageFramer::Result result, std::vector<WireMessage>& arrived);
+    void framed(MessageFramer::Result result);
     void dispatchAll();
     void dispatch(const WireMessage& message);
     void receiveDeal(const WireMessage& message);
@@ -63,6 +63,7 @@ private:
 
     FrmMain& f_;
     MessageFramer framer_;
+    std::vector<WireMessage> incoming_;  // framed from the last bytes; emptied before any dispatch
     std::deque<WireMessage> arrived_;  // framed, not yet dispatched
     std::deque<WireMessage> moves_;    // CARD, for the turn driver
     std::vector<int> heldAnswers_;     // NEWG that came before this side asked
