@@ -2,6 +2,7 @@
 // One message as it came off the wire. Its fields are read from the text where they are asked
 // for: messages are a few bytes long, and most are read once.
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -10,23 +11,23 @@ namespace petal {
 struct WireMessage {
     std::string text;  // the message as it was sent
 
-    // The number of fields when the text is split at every comma; field 0 is the tag.
-    std::size_t fieldCount() const {
-        std::size_t count = 1;
-        for (std::size_t at = text.find(','); at != std::string::npos; at = text.find(',', at + 1)) ++count;
-        return count;
-    }
-
-    // The field at `index`, "" past the last.
-    std::string_view field(std::size_t index) const {
-        std::string_view rest = text;
-        for (; index > 0; --index) {
-            const std::size_t comma = rest.find(',');
-            if (comma == std::string_view::npos) return {};
-            rest.remove_prefix(comma + 1);
+    // The field at `index` when the text is split at every comma, field 0 being the tag; none
+    // past the last. Searched byte by byte: the fields are short.
+    std::optional<std::string_view> findField(std::size_t index) const {
+        std::size_t start = 0;
+        for (std::size_t at = 0; index > 0; ++at) {
+            if (at == text.size()) return std::nullopt;
+            if (text[at] == ',') {
+                --index;
+                start = at + 1;
+            }
         }
-        return rest.substr(0, rest.find(','));
+        std::size_t end = start;
+        while (end < text.size() && text[end] != ',') ++end;
+        return std::string_view(text).substr(start, end - start);
     }
+    // The field at `index`, "" past the last.
+    std::string_view field(std::size_t index) const { return findField(index).value_or(std::string_view()); }
 };
 
 }  // namespace petal

@@ -15,8 +15,9 @@ namespace {
 
 // A field of a message as a 16-bit number; the framer has already seen that it is digits.
 bool number16(const WireMessage& message, std::size_t index, int& value) {
-    if (index >= message.fieldCount()) return false;
-    const long v = Val(message.field(index));
+    const std::optional<std::string_view> field = message.findField(index);
+    if (!field) return false;
+    const long v = Val(*field);
     if (v < SHRT_MIN || v > SHRT_MAX) return false;
     value = static_cast<int>(v);
     return true;
