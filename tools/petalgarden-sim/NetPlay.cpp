@@ -66,6 +66,7 @@ public:
         client_.other = &host_;
         host_.tracer->log = &mirror_.host;
         client_.tracer->log = &mirror_.client;
+        client_.tracer->mirrored = true;
         world_.network().setFaults(options.faults);
         for (Side* side : {&host_, &client_}) {
             side->host.onMsgBox = [this, side](const MsgBox& box) { return answer(*side, box); };
