@@ -187,7 +187,7 @@ void WireProtocol::receiveMove(const WireMessage& message) {
         outOfStep("the opponent sent more moves than a turn holds");
         return;
     }
-    moves_.push_back(message);
+    moves_.push_back({message.text, what, where});
 }
 
 void WireProtocol::dealStarted() {
