@@ -46,7 +46,7 @@ std::string difference(const Record& h, const Record& c) {
 
 }  // namespace
 
-std::string MirrorCheck::compare() {
+std::string MirrorCheck::compareRecorded() {
     while (!host.empty() && !client.empty()) {
         const std::string diff = difference(host.front(), client.front());
         if (!diff.empty())

@@ -14,12 +14,14 @@ public:
     RecordQueue host, client;
 
     // Compares what both sides have recorded so far; the first difference in words, or "".
-    std::string compare();
+    std::string compare() { return host.empty() || client.empty() ? std::string() : compareRecorded(); }
     // A broken session leaves records that the other side never saw: they are dropped.
     void forgetUnmatched();
     int compared() const { return compared_; }
 
 private:
+    std::string compareRecorded();
+
     int compared_ = 0;
 };
 
