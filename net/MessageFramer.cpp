@@ -138,17 +138,6 @@ std::string chatText(std::string_view line) {
     return out;
 }
 
-std::vector<std::string> splitFields(std::string_view text) {
-    std::vector<std::string> fields;
-    std::size_t start = 0;
-    while (true) {
-        const std::size_t at = text.find(',', start);
-        fields.emplace_back(text.substr(start, at == std::string_view::npos ? std::string_view::npos : at - start));
-        if (at == std::string_view::npos) return fields;
-        start = at + 1;
-    }
-}
-
 MessageFramer::Result MessageFramer::feed(std::string_view bytes, std::vector<WireMessage>& out) {
     pending_.append(bytes);
     return take(false, out);
@@ -186,8 +175,7 @@ MessageFramer::Result MessageFramer::take(bool settled, std::vector<WireMessage>
             problem_ = "the message " + quote(data.substr(at)) + " is not of the shape of " + std::string(tag);
             return Result::Malformed;
         }
-        const std::string_view text = data.substr(at, next.length);
-        out.push_back({std::string(text), splitFields(text)});
+        out.push_back({std::string(data.substr(at, next.length))});
         at += next.length;
     }
     // A send arrives whole within moments: what is still cut short once the stream has settled

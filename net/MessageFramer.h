@@ -8,12 +8,9 @@
 #include <string_view>
 #include <vector>
 
-namespace petal {
+#include "net/WireMessage.h"
 
-struct WireMessage {
-    std::string text;                 // the message as it was sent
-    std::vector<std::string> fields;  // split at every comma; fields[0] is the tag
-};
+namespace petal {
 
 class MessageFramer {
 public:
@@ -44,8 +41,5 @@ private:
 // a comma inside it ("CARD,0,-1") would read as a message that follows it: such a word goes
 // with a space before its comma, and the line arrives as one.
 std::string chatText(std::string_view line);
-
-// The fields of a message text, split at every comma.
-std::vector<std::string> splitFields(std::string_view text);
 
 }  // namespace petal

@@ -1,16 +1,9 @@
 #include "net/RemoteReplay.h"
 
-#include "cards/Val.h"
 #include "net/WireProtocol.h"
 #include "shell/FrmMain.h"
 
 namespace petal {
-
-namespace {
-
-int fieldOf(const WireMessage& move, std::size_t index) { return static_cast<int>(Val(move.fields.at(index))); }
-
-}  // namespace
 
 // A table slot that the card at `position` may take: a card lies there of its month, or the
 // card is the wild one.
@@ -30,10 +23,10 @@ bool RemoteReplay::fits(int position, int where) const {
 bool RemoteReplay::MultiPlayerSelectCard() {
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
-    const WireMessage* move = f_.net.nextMove();
+    const WireProtocol::Move* move = f_.net.nextMove();
     if (!move) return false;
-    int s = fieldOf(*move, 1);
-    const int where = fieldOf(*move, 2);
+    int s = move->what;
+    const int where = move->where;
     // The hand slot must hold a card not yet played; on the host, slot s holds position s + 8.
     const bool client = f_.g.gPlayMode == 2;
     const bool held = s >= 0 && s < 8 && c.imgCCard[s].hasPicture() && c.imgCCard[s].Tag != "-1" &&
@@ -67,9 +60,9 @@ bool RemoteReplay::MultiPlayerDropCard(int phase) {
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
     if (phase == 3) {
-        const WireMessage* move = f_.net.nextMove();
+        const WireProtocol::Move* move = f_.net.nextMove();
         if (!move) return false;
-        const int what = fieldOf(*move, 1), where = fieldOf(*move, 2);
+        const int what = move->what, where = move->where;
         // The flipped card, and one of the cards it may take: a flip that matches must capture.
         if (what != m.mCompDeckPos || c.imgFlipCard.Tag.value() != what || !canTake(what, where)) {
             f_.net.outOfStep("the opponent's move \"" + move->text + "\" does not fit the flipped card");

@@ -15,8 +15,9 @@ namespace {
 
 // A field of a message as a 16-bit number; the framer has already seen that it is digits.
 bool number16(const WireMessage& message, std::size_t index, int& value) {
-    if (index >= message.fields.size()) return false;
-    const long v = Val(message.fields[index]);
+    const std::optional<std::string_view> field = message.findField(index);
+    if (!field) return false;
+    const long v = Val(*field);
     if (v < SHRT_MIN || v > SHRT_MAX) return false;
     value = static_cast<int>(v);
     return true;
@@ -53,10 +54,7 @@ void WireProtocol::tcpMultiPlayer_DataArrival(long) {
     MainVars& m = f_.m;
     const bool wasReceiving = m.mReceiving;
     m.mReceiving = true;
-    if (f_.g.gPlayMode > 0) {
-        std::vector<WireMessage> arrived;
-        framed(framer_.feed(f_.tcpMultiPlayer->GetData(), arrived), arrived);
-    }
+    if (f_.g.gPlayMode > 0) framed(framer_.feed(f_.tcpMultiPlayer->GetData(), incoming_));
     m.mReceiving = wasReceiving;
 }
 
@@ -65,13 +63,13 @@ void WireProtocol::tmrSettle_Timer() {
     if (f_.g.gPlayMode <= 0) return;
     const bool wasReceiving = f_.m.mReceiving;
     f_.m.mReceiving = true;
-    std::vector<WireMessage> arrived;
-    framed(framer_.settle(arrived), arrived);
+    framed(framer_.settle(incoming_));
     f_.m.mReceiving = wasReceiving;
 }
 
-void WireProtocol::framed(MessageFramer::Result result, std::vector<WireMessage>& arrived) {
-    for (WireMessage& message : arrived) arrived_.push_back(std::move(message));
+void WireProtocol::framed(MessageFramer::Result result) {
+    for (WireMessage& message : incoming_) arrived_.push_back(std::move(message));
+    incoming_.clear();
     // What came whole before the fault is still the peer's, in order.
     dispatchAll();
     if (result != MessageFramer::Result::Ok) {
@@ -104,7 +102,7 @@ void WireProtocol::dispatchAll() {
 void WireProtocol::dispatch(const WireMessage& message) {
     MainVars& m = f_.m;
     const bool host = f_.g.gPlayMode == 1;
-    const std::string& tag = message.fields[0];
+    const std::string_view tag = message.field(0);
     if (tag == "DEAL") {
         receiveDeal(message);
     } else if (tag == "QUIT") {
@@ -116,7 +114,7 @@ void WireProtocol::dispatch(const WireMessage& message) {
     } else if (tag == "SCCL") {
         if (host) m.mPeerReady = true;
     } else if (tag == "NEWG") {
-        const int answer = message.fields[1] == "1" ? 1 : 0;
+        const int answer = message.field(1) == "1" ? 1 : 0;
         if (rematchAsked_) receiveNewg(answer);
         else heldAnswers_.push_back(answer);  // the answer to a question this side has yet to ask
     } else if (tag == "SEUP") {
@@ -133,7 +131,7 @@ void WireProtocol::dispatch(const WireMessage& message) {
 void WireProtocol::receiveDeal(const WireMessage& message) {
     if (f_.g.gPlayMode == 1 && !rematchAsked_) return;
     if (f_.g.gPlayMode == 2 && f_.connectionStatus) f_.connectionStatus->Unload();
-    dealFrom(message.fields[1], message.fields[2] == "1" ? 1 : 0);
+    dealFrom(std::string(message.field(1)), message.field(2) == "1" ? 1 : 0);
 }
 
 void WireProtocol::dealFrom(const std::string& seed, int turn) {
@@ -189,7 +187,7 @@ void WireProtocol::receiveMove(const WireMessage& message) {
         outOfStep("the opponent sent more moves than a turn holds");
         return;
     }
-    moves_.push_back(message);
+    moves_.push_back({message.text, what, where});
 }
 
 void WireProtocol::dealStarted() {

@@ -20,6 +20,12 @@ public:
     static constexpr int kSendLimitMs = 30000;  // CompleteSend gives up after this
     static constexpr std::size_t kMaxMoves = 8;  // a peer is never this many moves ahead
 
+    // A move of the remote player (CARD), its numbers read when it came.
+    struct Move {
+        std::string text;  // as it was sent
+        int what = 0, where = 0;
+    };
+
     explicit WireProtocol(FrmMain& f);
 
     // The socket's events.
@@ -31,7 +37,7 @@ public:
     void CompleteSend();
 
     // The oldest move of the remote player not yet replayed, or nullptr.
-    const WireMessage* nextMove() const { return moves_.empty() ? nullptr : &moves_.front(); }
+    const Move* nextMove() const { return moves_.empty() ? nullptr : &moves_.front(); }
     void takeMove() { moves_.pop_front(); }
     // True while a deal that came as DEAL is being dealt: it takes the seed and sends nothing.
     bool dealFromWire() const { return dealFromWire_; }
@@ -52,7 +58,7 @@ public:
     std::function<void(const std::string& line)> chatReceived;
 
 private:
-    void framed(MessageFramer::Result result, std::vector<WireMessage>& arrived);
+    void framed(MessageFramer::Result result);
     void dispatchAll();
     void dispatch(const WireMessage& message);
     void receiveDeal(const WireMessage& message);
@@ -63,8 +69,9 @@ private:
 
     FrmMain& f_;
     MessageFramer framer_;
+    std::vector<WireMessage> incoming_;  // framed from the last bytes; emptied before any dispatch
     std::deque<WireMessage> arrived_;  // framed, not yet dispatched
-    std::deque<WireMessage> moves_;    // CARD, for the turn driver
+    std::deque<Move> moves_;           // CARD, for the turn driver
     std::vector<int> heldAnswers_;     // NEWG that came before this side asked
     bool rematchAsked_ = false;
     bool dealtInSession_ = false;  // the host's options are no longer taken

@@ -95,7 +95,10 @@ TEST(MessageFramer, HoldsAnOpenEndUntilTheStreamSettlesAndBoundsWhatItHolds) {
     EXPECT_TRUE(framer.holding());
     ASSERT_EQ(framer.settle(out), Result::Ok);
     ASSERT_EQ(out.size(), 1u);
-    EXPECT_EQ(out[0].fields, (std::vector<std::string>{"CARD", "3", "1"}));
+    EXPECT_EQ(out[0].field(0), "CARD");
+    EXPECT_EQ(out[0].field(1), "3");
+    EXPECT_EQ(out[0].field(2), "1");
+    EXPECT_FALSE(out[0].findField(3));
     EXPECT_FALSE(framer.holding());
 
     // A closed message is taken at once.
@@ -109,6 +112,22 @@ TEST(MessageFramer, HoldsAnOpenEndUntilTheStreamSettlesAndBoundsWhatItHolds) {
     Result result = flooded.feed("CHAT,", out);
     for (int i = 0; i < 70'000 && result == Result::Ok; ++i) result = flooded.feed("z", out);
     EXPECT_EQ(result, Result::Overflow);
+}
+
+TEST(WireMessage, ReadsFieldsAtEveryCommaEmptyOnesAndTheEndsIncluded) {
+    const WireMessage chat{"CHAT,,a,,b,"};
+    EXPECT_EQ(chat.field(0), "CHAT");
+    EXPECT_EQ(chat.findField(1), "");
+    EXPECT_EQ(chat.field(2), "a");
+    EXPECT_EQ(chat.findField(3), "");
+    EXPECT_EQ(chat.field(4), "b");
+    EXPECT_EQ(chat.findField(5), "") << "an empty last field is there";
+    EXPECT_FALSE(chat.findField(6));
+    EXPECT_EQ(chat.field(6), "");
+    const WireMessage bare{"QUIT"};
+    EXPECT_EQ(bare.field(0), "QUIT");
+    EXPECT_FALSE(bare.findField(1));
+    EXPECT_EQ(bare.field(1), "");
 }
 
 }  // namespace

@@ -4,8 +4,6 @@ namespace petal::sim {
 
 namespace {
 
-int mirrorPlace(int where) { return where >= 200 ? 200 + 10 * (1 - (where - 200) / 10) + where % 10 : where; }
-
 std::string describe(const Record& r) {
     switch (r.kind) {
         case Record::Kind::Deal: return "deal seeded \"" + r.seed + "\"";
@@ -30,10 +28,11 @@ std::string difference(const Record& h, const Record& c) {
         case Record::Kind::Move: {
             if (h.side != 1 - c.side || h.fromDeck != c.fromDeck || h.pos != c.pos || h.took != c.took || h.slot != c.slot)
                 return "different moves";
-            for (int p = 0; p < 48; ++p)
-                if (mirrorPlace(h.where[p]) != c.where[p]) return "position " + std::to_string(p) + " lies elsewhere";
-            if (h.yakuCards[0] != c.yakuCards[1] || h.yakuCards[1] != c.yakuCards[0]) return "different yaku rows";
-            if (h.points[0] != c.points[1] || h.points[1] != c.points[0]) return "different piles";
+            if (h.where != c.where)
+                for (std::size_t p = 0; p < h.where.size(); ++p)
+                    if (h.where[p] != c.where[p]) return "position " + std::to_string(p) + " lies elsewhere";
+            if (h.yakuCards != c.yakuCards) return "different yaku rows";
+            if (h.points != c.points) return "different piles";
             return {};
         }
         case Record::Kind::Claim:
@@ -47,14 +46,14 @@ std::string difference(const Record& h, const Record& c) {
 
 }  // namespace
 
-std::string MirrorCheck::compare() {
+std::string MirrorCheck::compareRecorded() {
     while (!host.empty() && !client.empty()) {
         const std::string diff = difference(host.front(), client.front());
         if (!diff.empty())
             return "record " + std::to_string(compared_ + 1) + ": " + diff + " (host: " + describe(host.front()) +
                    "; client: " + describe(client.front()) + ")";
-        host.pop_front();
-        client.pop_front();
+        host.pop();
+        client.pop();
         ++compared_;
     }
     return {};

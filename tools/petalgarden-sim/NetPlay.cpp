@@ -55,6 +55,7 @@ struct Side {
     Policy policy;
     Side* other = nullptr;
     int lastError = 0;
+    bool moved = false;  // what the last move that was begun has told so far
 };
 
 class NetRun {
@@ -66,6 +67,7 @@ public:
         client_.other = &host_;
         host_.tracer->log = &mirror_.host;
         client_.tracer->log = &mirror_.client;
+        client_.tracer->mirrored = true;
         world_.network().setFaults(options.faults);
         for (Side* side : {&host_, &client_}) {
             side->host.onMsgBox = [this, side](const MsgBox& box) { return answer(*side, box); };
@@ -86,6 +88,8 @@ private:
     void act(Side& side, Form& form);
     void setUp(Side& side);
     bool tryMove(Side& side);
+    bool deal(Side& side);
+    bool move(Side& side);
     bool recover();
     bool check();
     bool fail(const std::string& why) {
@@ -177,16 +181,25 @@ bool NetRun::tryMove(Side& side) {
     if (side.host.ending() || side.host.waiting()) return false;
     FrmMain& f = side.f();
     if (side.isHost && f.g.gPlayMode == 1 && f.g.gGameInProgress == 0 && f.g.gConnectState == Socket::sckConnected &&
-        f.socketState() == Socket::sckConnected && client_.f().m.mConnected && !f.m.mAutoDeal) {
-        world_.act(side.host, [&f] { f.dealer.imgDeck_Click(); });
-        return true;
-    }
-    if (!canMove(f)) return false;
-    // A move may pause (a flip's half second) and finish after act has returned: its result
-    // goes where it outlives this frame.
-    const auto acted = std::make_shared<bool>(false);
-    world_.act(side.host, [acted, &f, &side] { *acted = localMove(f, side.policy); });
-    return *acted;
+        f.socketState() == Socket::sckConnected && client_.f().m.mConnected && !f.m.mAutoDeal)
+        return deal(side);
+    return canMove(f) && move(side);
+}
+
+// Acting is kept apart from tryMove, which runs twice per step and mostly finds nothing to do,
+// so that tryMove needs no frame of its own.
+[[gnu::noinline]] bool NetRun::deal(Side& side) {
+    world_.act(side.host, [&side] { side.f().dealer.imgDeck_Click(); });
+    return true;
+}
+
+// A move may pause (a flip's half second) and finish after act has returned: its result goes
+// where it outlives this frame. The program waits meanwhile, so no move of its begins before
+// this one has ended.
+[[gnu::noinline]] bool NetRun::move(Side& side) {
+    side.moved = false;
+    world_.act(side.host, [&side] { side.moved = localMove(side.f(), side.policy); });
+    return side.moved;
 }
 
 bool NetRun::check() {

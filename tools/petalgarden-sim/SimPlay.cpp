@@ -43,11 +43,6 @@ Slots framedSlots(const TableModel& c) {
 
 }  // namespace
 
-bool canMove(const FrmMain& f) {
-    return f.m.mTurn == 0 && !f.tmrComputer.Enabled() && f.g.gGameInProgress == 1 &&
-           f.MousePointer() != FrmMain::kPointerHourglass && (f.ctl.shpFlipCard.Visible || f.m.mPlayerFlipped == 0);
-}
-
 bool localMove(FrmMain& f, Policy& policy) {
     if (!canMove(f)) return false;
     if (f.ctl.shpFlipCard.Visible) {

@@ -5,9 +5,7 @@
 #include <iosfwd>
 #include <string>
 
-namespace petal {
-class FrmMain;
-}
+#include "shell/FrmMain.h"
 
 namespace petal::sim {
 
@@ -23,8 +21,12 @@ struct PlayOptions {
 
 class Policy;
 
-// Whether the local player is on turn with a move to make, as a user would see it.
-bool canMove(const FrmMain& f);
+// Whether the local player is on turn with a move to make, as a user would see it. Asked of
+// both programs at every step of a net run, so it is made where it is asked.
+inline bool canMove(const FrmMain& f) {
+    return f.m.mTurn == 0 && !f.tmrComputer.Enabled() && f.g.gGameInProgress == 1 &&
+           f.MousePointer() != FrmMain::kPointerHourglass && (f.ctl.shpFlipCard.Visible || f.m.mPlayerFlipped == 0);
+}
 // One move of the local player if it is on turn (a hand card and where it goes, or the place
 // of a flipped card that waits); false when the game is elsewhere.
 bool localMove(FrmMain& f, Policy& policy);

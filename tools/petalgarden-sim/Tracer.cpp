@@ -30,13 +30,13 @@ void Tracer::dealt() {
     positionOf_.fill(-1);
     for (int p = 0; p < 48; ++p) positionOf_.at(f_.m.mCards[p].Picture) = p;
     if (log) {
-        Record r;
+        Record& r = log->push();
         r.kind = Record::Kind::Deal;
         r.seed = f_.m.mDealSeed;
         r.lead = f_.m.mTurn;
         r.yaku = f_.g.gUseYaku ? 1 : 0;
+        r.cards.reserve(f_.m.mCards.size());
         for (const CardRecord& card : f_.m.mCards) r.cards.push_back(card.Index);
-        log->push_back(std::move(r));
     }
     if (!out_) return;
     std::string line = "{\"ev\":\"deal\",\"seed\":" + jsonString(f_.m.mDealSeed) + ",\"lead\":" + std::to_string(f_.m.mTurn) +
@@ -48,7 +48,7 @@ void Tracer::dealt() {
 void Tracer::moved(int side, bool fromDeck, int pos, int took, int slot) {
     ++events;
     if (log) {
-        Record r;
+        Record& r = log->push();
         r.kind = Record::Kind::Move;
         r.side = side;
         r.fromDeck = fromDeck;
@@ -56,7 +56,6 @@ void Tracer::moved(int side, bool fromDeck, int pos, int took, int slot) {
         r.took = took;
         r.slot = slot;
         snapshot(r);
-        log->push_back(std::move(r));
     }
     if (!out_) return;
     *out_ << "{\"ev\":\"move\",\"side\":" << side << ",\"from\":\"" << (fromDeck ? "flip" : "hand") << "\",\"pos\":" << pos
@@ -66,12 +65,11 @@ void Tracer::moved(int side, bool fromDeck, int pos, int took, int slot) {
 void Tracer::claimed(int side, int pos, int slot) {
     ++events;
     if (log) {
-        Record r;
+        Record& r = log->push();
         r.kind = Record::Kind::Claim;
         r.side = side;
         r.pos = pos;
         r.slot = slot;
-        log->push_back(std::move(r));
     }
     if (out_) *out_ << "{\"ev\":\"claim\",\"side\":" << side << ",\"pos\":" << pos << ",\"slot\":" << slot << "}\n";
 }
@@ -82,13 +80,12 @@ void Tracer::dealEnded() {
     const int p = static_cast<int>(Val(f_.ctl.panel[0].lblPointsTotal[3].Caption));
     const int c = static_cast<int>(Val(f_.ctl.panel[1].lblPointsTotal[3].Caption));
     if (log) {
-        Record r;
+        Record& r = log->push();
         r.kind = Record::Kind::End;
         r.p = p;
         r.c = c;
         r.pyaku = complete(0);
         r.cyaku = complete(1);
-        log->push_back(std::move(r));
     }
     if (out_)
         *out_ << "{\"ev\":\"end\",\"p\":" << p << ",\"c\":" << c << ",\"pyaku\":" << complete(0)
@@ -107,13 +104,18 @@ void Tracer::snapshot(Record& r) const {
     r.where.fill(-1);
     const auto& c = f_.ctl;
     for (std::size_t slot = 0; slot < c.imgTCard.size(); ++slot)
-        if (c.imgTCard[slot].hasPicture()) r.where.at(c.imgTCard[slot].Tag.value()) = 100 + static_cast<int>(slot);
-    for (int side = 0; side < 2; ++side)
+        if (c.imgTCard[slot].hasPicture())
+            r.where.at(c.imgTCard[slot].Tag.value()) = static_cast<std::int16_t>(100 + slot);
+    for (int side = 0; side < 2; ++side) {
+        const int seen = mirrored ? 1 - side : side;
         for (int row = 0; row < 4; ++row)
             for (const Image& card : c.panel[side].piles[row])
-                if (card.hasPicture()) r.where.at(positionOf_.at(card.Picture)) = 200 + 10 * side + row;
-    r.yakuCards = f_.m.mYakuCards;
-    r.points = f_.m.mPoints;
+                if (card.hasPicture()) r.where.at(positionOf_.at(card.Picture)) = static_cast<std::int16_t>(200 + 10 * seen + row);
+    }
+    const auto& yakuCards = f_.m.mYakuCards;
+    const auto& points = f_.m.mPoints;
+    r.yakuCards = mirrored ? decltype(r.yakuCards){yakuCards[1], yakuCards[0]} : yakuCards;
+    r.points = mirrored ? decltype(r.points){points[1], points[0]} : points;
 }
 
 }  // namespace petal::sim
