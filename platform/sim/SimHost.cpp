@@ -30,26 +30,29 @@ void SimHost::setDate(int year, int month, int day) {
 }
 
 void SimHost::timerChanged(Timer& timer) {
-    changed();
-    if (timer.Enabled() && timer.Interval() > 0)
-        due_[&timer] = Key{now() + timer.Interval(), nextSeq()};
-    else
+    forget(&timer);
+    if (timer.Enabled() && timer.Interval() > 0) {
+        const Key key{now() + timer.Interval(), nextSeq()};
+        due_[&timer] = key;
+        if (!timer.ticking()) offer({key, &timer, 0});
+    } else {
         due_.erase(&timer);
+    }
 }
 
 void SimHost::timerRemoved(Timer& timer) {
-    changed();
+    forget(&timer);
     due_.erase(&timer);
 }
 
 void SimHost::schedule(std::int64_t at, std::function<void()> call) {
-    changed();
     calls_.push_back({{std::max(at, now()), nextSeq()}, std::move(call), nullptr, nullptr});
+    offer({calls_.back().key, nullptr, calls_.size() - 1});
 }
 
 void SimHost::scheduleSocketEvent(std::int64_t at, SimSocket& socket, std::function<void(SimSocket&)> event) {
-    changed();
     calls_.push_back({{std::max(at, now()), nextSeq()}, nullptr, &socket, std::move(event)});
+    offer({calls_.back().key, nullptr, calls_.size() - 1});
 }
 
 void SimHost::socketGone(const SimSocket& socket) {
@@ -77,13 +80,19 @@ void SimHost::fire(Timer& timer, std::int64_t at) {
     // Periodic: the next tick falls on the interval grid after the one just fired; a tick that
     // came due while this one ran is dropped, as a platform timer coalesces them.
     due_.erase(&timer);
-    changed();
+    forget(&timer);
     timer.fire();
-    changed();  // the tick is over: the timer may come due again
-    if (!timer.Enabled() || timer.Interval() <= 0 || due_.count(&timer)) return;
+    // The tick is over: the timer, left out of the running while it ticked, may come due again.
+    if (due_.count(&timer)) {
+        offer({due_.at(&timer), &timer, 0});
+        return;
+    }
+    if (!timer.Enabled() || timer.Interval() <= 0) return;
     std::int64_t next = at + timer.Interval();
     while (next <= now() && next > at) next += timer.Interval();
-    due_[&timer] = Key{next, nextSeq()};
+    const Key key{next, nextSeq()};
+    due_[&timer] = key;
+    offer({key, &timer, 0});
 }
 
 void SimHost::runNextDue() {

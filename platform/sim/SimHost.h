@@ -128,6 +128,14 @@ private:
     }
     void findNext() const;
     void changed() { nextKnown_ = false; }
+    // The next event is kept up to date where that is cheap: a new event can only come first
+    // or not; the loss of the event that was next means looking again.
+    void offer(const Next& candidate) {
+        if (nextKnown_ && (!next_ || candidate.key < next_->key)) next_ = candidate;
+    }
+    void forget(const Timer* timer) {
+        if (next_ && next_->timer == timer) nextKnown_ = false;
+    }
     // Fires the earliest due event (timer or call), moving the clock to it.
     void runNextDue();
     void fire(Timer& timer, std::int64_t at);
