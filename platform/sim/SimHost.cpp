@@ -83,15 +83,15 @@ void SimHost::fire(Timer& timer, std::int64_t at) {
     forget(&timer);
     timer.fire();
     // The tick is over: the timer, left out of the running while it ticked, may come due again.
-    if (due_.count(&timer)) {
-        offer({due_.at(&timer), &timer, 0});
+    if (const Key* armed = due_.find(&timer)) {
+        offer({*armed, &timer, 0});
         return;
     }
     if (!timer.Enabled() || timer.Interval() <= 0) return;
     std::int64_t next = at + timer.Interval();
     while (next <= now() && next > at) next += timer.Interval();
     const Key key{next, nextSeq()};
-    due_[&timer] = key;
+    due_.add(&timer, key);
     offer({key, &timer, 0});
 }
 

@@ -11,7 +11,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <stdexcept>
 #include <vector>
 
 #include "platform/Host.h"
@@ -157,16 +156,13 @@ private:
                 if (entry.first == timer) return entry.second;
             return list.emplace_back(timer, Key{}).second;
         }
-        const Key& at(Timer* timer) const {
+        const Key* find(const Timer* timer) const {
             for (const auto& entry : list)
-                if (entry.first == timer) return entry.second;
-            throw std::out_of_range("a timer that is not due");
+                if (entry.first == timer) return &entry.second;
+            return nullptr;
         }
-        std::size_t count(Timer* timer) const {
-            for (const auto& entry : list)
-                if (entry.first == timer) return 1;
-            return 0;
-        }
+        // For a timer known not to be in the list.
+        void add(Timer* timer, Key key) { list.emplace_back(timer, key); }
         void erase(Timer* timer) {
             for (auto it = list.begin(); it != list.end(); ++it)
                 if (it->first == timer) {
