@@ -77,22 +77,21 @@ void SimHost::findNext() const {
 
 void SimHost::fire(Timer& timer, std::int64_t at) {
     if (at > now()) *clock_ = at;
-    // Periodic: the next tick falls on the interval grid after the one just fired; a tick that
-    // came due while this one ran is dropped, as a platform timer coalesces them.
-    due_.erase(&timer);
+    // The timer stays listed while it ticks, out of the running as a ticking timer; its own
+    // tick may stop it (unlisted) or arm it anew (listed again under a later key).
+    const std::uint64_t fired = due_.find(&timer)->seq;
     forget(&timer);
     timer.fire();
-    // The tick is over: the timer, left out of the running while it ticked, may come due again.
-    if (const Key* armed = due_.find(&timer)) {
-        offer({*armed, &timer, 0});
-        return;
+    Key* entry = due_.find(&timer);
+    if (!entry) return;
+    // Periodic: the next tick falls on the interval grid after the one just fired; a tick that
+    // came due while this one ran is dropped, as a platform timer coalesces them.
+    if (entry->seq == fired) {
+        std::int64_t next = at + timer.Interval();
+        while (next <= now() && next > at) next += timer.Interval();
+        *entry = Key{next, nextSeq()};
     }
-    if (!timer.Enabled() || timer.Interval() <= 0) return;
-    std::int64_t next = at + timer.Interval();
-    while (next <= now() && next > at) next += timer.Interval();
-    const Key key{next, nextSeq()};
-    due_.add(&timer, key);
-    offer({key, &timer, 0});
+    offer({*entry, &timer, 0});
 }
 
 void SimHost::runNextDue() {

@@ -156,13 +156,11 @@ private:
                 if (entry.first == timer) return entry.second;
             return list.emplace_back(timer, Key{}).second;
         }
-        const Key* find(const Timer* timer) const {
-            for (const auto& entry : list)
+        Key* find(const Timer* timer) {
+            for (auto& entry : list)
                 if (entry.first == timer) return &entry.second;
             return nullptr;
         }
-        // For a timer known not to be in the list.
-        void add(Timer* timer, Key key) { list.emplace_back(timer, key); }
         void erase(Timer* timer) {
             for (auto it = list.begin(); it != list.end(); ++it)
                 if (it->first == timer) {
