@@ -61,6 +61,9 @@ void WireProtocol::tcpMultiPlayer_DataArrival(long) {
 void WireProtocol::tmrSettle_Timer() {
     tmrSettle.setEnabled(false);
     if (f_.g.gPlayMode <= 0) return;
+    // A message cut short by the end of the connection is that end's to tell, as a lost
+    // connection, not a fault of step.
+    if (f_.socketState() != Socket::sckConnected) return;
     const bool wasReceiving = f_.m.mReceiving;
     f_.m.mReceiving = true;
     framed(framer_.settle(incoming_));

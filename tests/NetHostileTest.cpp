@@ -5,6 +5,7 @@
 #include "NetFixture.h"
 #include "cards/Val.h"
 #include "platform/Socket.h"
+#include "platform/sim/SimNetwork.h"
 
 namespace petal::test {
 namespace {
@@ -60,6 +61,15 @@ public:
         act(host, [&] { host.f().m.mTurn = 1; });
         act(host, [&] { host.f().dealer.imgDeck_Click(); });
         ASSERT_TRUE(runUntil([&] { return peer.received.find("DEAL,") != std::string::npos; }));
+    }
+    // The peer hosts and the client's program joins it.
+    void hostForClient() {
+        world.act(peer.host, [&] {
+            peer.socket->LocalPort = 4800;
+            peer.socket->Listen();
+        });
+        act(client, [&] { client.f().mnuSetup_Click(); });
+        ASSERT_TRUE(runUntil([&] { return peer.socket->State() == Socket::sckConnected && client.f().m.mConnected; }));
     }
     void send(const std::string& bytes) {
         world.act(peer.host, [&] { peer.socket->SendData(bytes); });
@@ -176,12 +186,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(Hostile, AHostsOptionsThatNoGameCanPlayEndTheClientsSession) {
     client.answers["Out of Step"] = MsgResult::OK;
-    world.act(peer.host, [&] {
-        peer.socket->LocalPort = 4800;
-        peer.socket->Listen();
-    });
-    act(client, [&] { client.f().mnuSetup_Click(); });
-    ASSERT_TRUE(runUntil([&] { return peer.socket->State() == Socket::sckConnected && client.f().m.mConnected; }));
+    hostForClient();
     send("SEUP,7,3,0");
     ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0; }, 5000));
     EXPECT_TRUE(client.shown(
@@ -189,6 +194,21 @@ TEST_F(Hostile, AHostsOptionsThatNoGameCanPlayEndTheClientsSession) {
         "played.\n\nThe connection has been closed, and the game goes on without your opponent."));
     EXPECT_EQ(client.f().g.gGameType, 0) << "the options were not taken";
     EXPECT_EQ(client.f().connectionStatus, nullptr);
+}
+
+// Bytes that a lost connection cut short are that loss, and the player is told of the loss.
+TEST_F(Hostile, AMessageCutShortByALostConnectionIsToldAsTheLoss) {
+    client.answers["Out of Step"] = MsgResult::OK;
+    client.answers["Remote Connection Closed"] = MsgResult::OK;
+    hostForClient();
+    send("SEUP,0,3,0");
+    world.advance(10);
+    send("DEAL,");
+    world.advance(5);
+    world.network().drop(true);
+    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0; }, 5000));
+    EXPECT_EQ(client.boxes("Out of Step"), 0);
+    EXPECT_EQ(client.boxes("Remote Connection Closed"), 1);
 }
 
 }  // namespace
