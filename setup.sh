@@ -41,8 +41,12 @@ fi
 install cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 libsqlite3-dev libgtest-dev \
     fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev
 
+# A developer's machine with ccache rebuilds from its cache; a clean CI machine has none.
+launcher=()
+command -v ccache >/dev/null && launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
+
 build=build
-cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=OFF >/dev/null
+cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=OFF "${launcher[@]}" >/dev/null
 # Only warnings and errors are shown: the build says nothing when all is up to date.
 cmake --build "$build" -j "$(nproc)" -- --no-print-directory -s 2>&1 | { grep -v -E '^\[ *[0-9]+%\] Built target' || true; }
 
@@ -50,7 +54,7 @@ cmake --build "$build" -j "$(nproc)" -- --no-print-directory -s 2>&1 | { grep -v
 # a failure (leaks included).
 sanitized() {
     local asan=build-asan
-    cmake -S . -B "$asan" -DPETAL_SANITIZE=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=OFF >/dev/null
+    cmake -S . -B "$asan" -DPETAL_SANITIZE=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=OFF "${launcher[@]}" >/dev/null
     cmake --build "$asan" -j "$(nproc)" --target core_tests petalgarden-sim petalgarden-fuzz-seeded \
         -- --no-print-directory -s 2>&1 | { grep -v -E '^\[ *[0-9]+%\] Built target' || true; }
     export ASAN_OPTIONS=detect_leaks=1:abort_on_error=0 UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1

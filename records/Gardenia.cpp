@@ -1,17 +1,12 @@
 #include "records/Gardenia.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <cerrno>
 #include <climits>
-#include <cstring>
 
 #include "cards/Globals.h"
 #include "cards/Val.h"
 #include "platform/FatalError.h"
 #include "platform/Host.h"
+#include "records/AtomicFile.h"
 
 namespace petal {
 
@@ -23,64 +18,12 @@ constexpr std::size_t kLongestFile = 4096;  // far beyond four numbers: no setti
     throw FatalError("Petalgarden", "The settings file \"" + file.string() + "\" " + what);
 }
 
-[[noreturn]] void failWith(const std::filesystem::path& file, const std::string& operation, int error) {
-    fail(file, "cannot be " + operation + ": " + std::strerror(error) + ".");
-}
-
 bool isBlank(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
 
 bool onlyBlanksFrom(const std::string& text, std::size_t at) {
     for (; at < text.size(); ++at)
         if (!isBlank(text[at])) return false;
     return true;
-}
-
-// Where a write lands: a symbolic link is written through to the file it names.
-std::filesystem::path linkTarget(const std::filesystem::path& file) {
-    std::filesystem::path at = file;
-    for (int hop = 0; hop < 40; ++hop) {
-        std::error_code ec;
-        if (!std::filesystem::is_symlink(at, ec)) break;
-        const std::filesystem::path next = std::filesystem::read_symlink(at, ec);
-        if (ec) break;
-        at = next.is_absolute() ? next : at.parent_path() / next;
-    }
-    return at;
-}
-
-// The mode a new file takes. An existing one keeps its own, and one that is not a plain file,
-// or that its user has made read-only, is refused rather than replaced.
-mode_t modeForWriting(const std::filesystem::path& file, const std::filesystem::path& target) {
-    struct stat st {};
-    if (::stat(target.c_str(), &st) != 0) return 0644;
-    if (S_ISDIR(st.st_mode)) failWith(file, "written", EISDIR);
-    if (!S_ISREG(st.st_mode)) fail(file, "cannot be written: it is not a plain file.");
-    if ((st.st_mode & 0222) == 0) failWith(file, "written", EACCES);
-    if (::access(target.c_str(), W_OK) != 0) failWith(file, "written", errno);
-    return st.st_mode & 07777;
-}
-
-// Writes beside the target and renames over it, so that a crash never leaves half a file.
-void writeAtomically(const std::filesystem::path& file, const std::string& bytes) {
-    const std::filesystem::path target = linkTarget(file);
-    const mode_t mode = modeForWriting(file, target);
-    const std::filesystem::path temp = target.string() + ".tmp";
-    const int fd = ::open(temp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
-    if (fd < 0) failWith(file, "created", errno);
-    int error = 0;
-    if (::fchmod(fd, mode) != 0) error = errno;
-    errno = 0;
-    if (!error && ::write(fd, bytes.data(), bytes.size()) != static_cast<ssize_t>(bytes.size())) error = errno ? errno : EIO;
-    if (!error && ::fsync(fd) != 0) error = errno;
-    if (::close(fd) != 0 && !error) error = errno;
-    const char* operation = "written";
-    if (!error && ::rename(temp.c_str(), target.c_str()) != 0) {
-        error = errno;
-        operation = "replaced";
-    }
-    if (!error) return;
-    ::unlink(temp.c_str());
-    failWith(file, operation, error);
 }
 
 }  // namespace
@@ -142,15 +85,9 @@ void Gardenia::replaceUnplayable() {
 
 std::array<int, 4> Gardenia::ReadSettings() const {
     const std::filesystem::path file = path();
-    const int fd = ::open(file.c_str(), O_RDONLY | O_CLOEXEC);
-    if (fd < 0) failWith(file, "opened", errno);
     std::string bytes;
-    char buffer[512];
-    ssize_t got = 0;
-    while (bytes.size() <= kLongestFile && (got = ::read(fd, buffer, sizeof buffer)) > 0) bytes.append(buffer, got);
-    const int error = errno;
-    ::close(fd);
-    if (got < 0) failWith(file, "read", error);
+    FileFailure failure;
+    if (!readFileBounded(file, kLongestFile, bytes, failure)) fail(file, "cannot be " + failure.operation + ": " + failure.reason + ".");
     if (bytes.size() > kLongestFile) fail(file, "cannot be read: it is far too long for four numbers.");
     return parseSettings(bytes, file);
 }
@@ -158,7 +95,8 @@ std::array<int, 4> Gardenia::ReadSettings() const {
 void Gardenia::WriteSettings(int GameType, int Rounds, int UseYaku, int PlayMode) {
     std::string bytes;
     for (int value : {GameType, Rounds, UseYaku, PlayMode}) bytes += std::to_string(value) + "\r\n";
-    writeAtomically(path(), bytes);
+    if (const FileFailure failure = writeFileAtomically(path(), bytes))
+        fail(path(), "cannot be " + failure.operation + ": " + failure.reason + ".");
     g_.gGameType = GameType;
     g_.gRounds = Rounds;
     g_.gPlayMode = PlayMode;

@@ -53,6 +53,10 @@ void FrmMain::Form_Load() {
     Caption = "Petalgarden";
     helpFile = (host.helpFolder() / "PetalgardenHelp.html").string();
     settings.LoadSettings();
+    options.load(host.programFolder());
+    if (!options.problem().empty())
+        host.msgBox({options.problem() + "\n\nThe game goes on with its usual options.", "Petalgarden",
+                     MsgIcon::Exclamation, MsgButtons::OK});
     m.mHiliteColor = {0xFF0000, 0x0000FF};
     static constexpr const char* kCodes[24] = {"11", "12", "13", "21", "22", "23", "31", "32",
                                                "33", "41", "42", "43", "51", "52", "53", "61",

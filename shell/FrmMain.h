@@ -18,6 +18,7 @@
 #include "net/WireProtocol.h"
 #include "opponent/Computer.h"
 #include "records/Gardenia.h"
+#include "records/OwnOptions.h"
 #include "scoring/MatchEnd.h"
 #include "scoring/Piles.h"
 #include "scoring/Yaku.h"
@@ -54,6 +55,7 @@ public:
     Rnd rnd;  // the platform's random generator, reset by network deals
     GameEvents* events = nullptr;
     Gardenia settings;
+    OwnOptions options;  // ours, beside the settings file
 
     Timer tmrComputer;
     Timer tmrFlipTimer;

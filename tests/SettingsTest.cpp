@@ -191,5 +191,31 @@ TEST_F(Settings, AFileThatCannotBeCreatedEndsTheProgramInOrder) {
     EXPECT_FALSE(std::filesystem::exists(file()));
 }
 
+// Our own options beside the settings file: lines it cannot use keep their defaults, keys of a
+// newer build survive a write, and a file that cannot be read is told without ending the game.
+TEST_F(Settings, OwnOptionsKeepWhatTheyDoNotKnowAndNeverEndTheGame) {
+    const auto options = dir.path() / OwnOptions::kFileName;
+    std::ofstream(options, std::ios::binary) << "sound=off\nnonsense\n=x\nfuture-key = 3 \nsound=on\r\nsound2=maybe\n";
+    std::vector<MsgBox> told;
+    host->onMsgBox = [&](const MsgBox& box) { told.push_back(box); return MsgResult::OK; };
+    start();
+    EXPECT_TRUE(told.empty());
+    EXPECT_TRUE(f->options.flag("sound", false));
+    EXPECT_FALSE(f->options.flag("sound2", false));
+    EXPECT_EQ(f->options.set("animations", "off\nsound=off"), "");
+    EXPECT_EQ(fileText(options), "sound=on\nfuture-key=3\nsound2=maybe\nanimations=off sound=off\n");
+
+    std::filesystem::remove(options);
+    std::filesystem::create_directory(options);
+    program.reset();
+    host = std::make_unique<SimHost>(dir.path());
+    host->onMsgBox = [&](const MsgBox& box) { told.push_back(box); return MsgResult::OK; };
+    start();
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_THAT(told[0].text, HasSubstr("cannot be read"));
+    EXPECT_FALSE(host->ending());
+    EXPECT_THAT(f->options.setFlag("sound", false), HasSubstr("cannot be written"));
+}
+
 }  // namespace
 }  // namespace petal::test
