@@ -20,6 +20,7 @@ int MatchEnd::scoreOf(int side) const {
 void MatchEnd::EndMatch() {
     sweepClaim();
     if (f_.events) f_.events->dealEnded();
+    f_.journal.roundOver();
     if (f_.g.gGameType == 0)
         endSingleGame();
     else
@@ -85,6 +86,7 @@ void MatchEnd::endSingleGame() {
     Globals& g = f_.g;
     g.gGameInProgress = 0;
     CheckWinLose();
+    f_.journal.offersDone();
     if (g.gPlayMode != 0) askingRematch();
     const int dealt = f_.m.dealSerial;
     const bool again = askPlayAgain();
@@ -143,6 +145,7 @@ void MatchEnd::endTournamentRound() {
     g.gRoundScores[0].at(m.mRoundNo) = p;
     g.gRoundScores[1].at(m.mRoundNo) = c;
     CheckWinLose();
+    f_.journal.offersDone();
     f_.setMousePointer(FrmMain::kPointerHourglass);
     if (g.gPlayMode != 0) askingRematch();
     // The host deals the next round once the client's card of this round has opened and closed.

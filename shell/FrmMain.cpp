@@ -1,6 +1,7 @@
 #include "shell/FrmMain.h"
 
 #include "records/FrmHOF.h"
+#include "records/FrmStatistics.h"
 #include "records/HallOfFame.h"
 #include "scoring/FrmScoreCard.h"
 #include "platform/FatalError.h"
@@ -29,7 +30,9 @@ FrmMain::FrmMain(Host& host_, Globals& g_, HallOfFame& hof_)
       remote(*this),
       net(*this),
       connection(*this),
-      chat(*this) {
+      chat(*this),
+      journal(*this),
+      stats(host_) {
     net.chatReceived = [this](const std::string& line) { chat.receive(line); };
     tcpMultiPlayer->ConnectionRequest = [this](long id) { connection.tcpMultiPlayer_ConnectionRequest(id); };
     tcpMultiPlayer->DataArrival = [this](long bytes) { net.tcpMultiPlayer_DataArrival(bytes); };
@@ -91,6 +94,11 @@ void FrmMain::mnuVScore_Click() {
 void FrmMain::mnuVHallofFame_Click() {
     FrmHOF hall(g, hof);
     host.showModal(hall);
+}
+
+void FrmMain::mnuStatistics_Click() {
+    FrmStatistics record(host, stats);
+    host.showModal(record);
 }
 
 void FrmMain::mnuHAbout_Click() {

@@ -19,10 +19,12 @@
 #include "opponent/Computer.h"
 #include "records/Gardenia.h"
 #include "records/OwnOptions.h"
+#include "records/Statistics.h"
 #include "scoring/MatchEnd.h"
 #include "scoring/Piles.h"
 #include "scoring/Yaku.h"
 #include "shell/GameEvents.h"
+#include "shell/GameJournal.h"
 #include "shell/MenuModel.h"
 #include "platform/Socket.h"
 #include "platform/Timer.h"
@@ -73,6 +75,8 @@ public:
     WireProtocol net;
     Connection connection;
     Chat chat;
+    GameJournal journal;  // the save of a game in progress, and each game's statistics
+    Statistics stats;
 
     // The forms of these kinds on screen, if any: others unload them.
     FrmConnectionStatus* connectionStatus = nullptr;
@@ -92,6 +96,7 @@ public:
     void mnuVScore_Click();
     void mnuSetup_Click();
     void mnuVHallofFame_Click();
+    void mnuStatistics_Click();
     void mnuHAbout_Click();
     // Help has no call of its own: the entry presses F1 for the user, and F1 opens helpFile.
     void mnuHHelp_Click();
