@@ -49,6 +49,7 @@ void MainWindow::runMenu(const MenuItem& item) {
         else if (&item == &menu.mnuVScore) game_.mnuVScore_Click();
         else if (&item == &menu.mnuSetup) game_.mnuSetup_Click();
         else if (&item == &menu.mnuVHallofFame) game_.mnuVHallofFame_Click();
+        else if (&item == &menu.mnuStatistics) game_.mnuStatistics_Click();
         else if (&item == &menu.mnuHAbout) game_.mnuHAbout_Click();
         else if (&item == &menu.mnuHHelp) game_.mnuHHelp_Click();
     });

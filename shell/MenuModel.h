@@ -16,6 +16,7 @@ struct MenuItem {
 
 struct MenuModel {
     MenuItem mnuSetup{"mnuSetup", "&Setup", ""};
+    MenuItem mnuStatistics{"mnuStatistics", "S&tatistics", "F8"};
     MenuItem mnuSep0{"mnuSep0", "", ""};
     MenuItem mnuExit{"mnuExit", "E&xit", ""};
     MenuItem mnuVChat{"mnuVChat", "&Chat", "F5"};
@@ -31,7 +32,7 @@ struct MenuModel {
         std::vector<MenuItem*> items;
     };
     std::vector<Menu> menus() {
-        return {{"mnuGame", "Game", {&mnuSetup, &mnuSep0, &mnuExit}},
+        return {{"mnuGame", "Game", {&mnuSetup, &mnuStatistics, &mnuSep0, &mnuExit}},
                 {"mnuView", "&View", {&mnuVChat, &mnuVScore, &mnuVHallofFame}},
                 {"mnuHelp", "&Help", {&mnuHAbout, &mnuHsep0, &mnuHHelp}}};
     }
