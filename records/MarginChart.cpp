@@ -11,8 +11,8 @@ namespace petal {
 int chartScale(const std::vector<int>& margins) {
     int largest = 0;
     for (const int m : margins) largest = std::max(largest, std::abs(m));
-    for (int step = 10;; step *= 10)
-        for (const int n : {1, 2, 5})
+    for (int step = 1;; step *= 10)
+        for (const int n : {10, 20, 25, 50})
             if (n * step >= largest) return n * step;
 }
 
