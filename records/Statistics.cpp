@@ -78,7 +78,7 @@ Statistics::Fault Statistics::tryOpen(std::string& reason) {
     sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
     rc = sqlite3_exec(db, "PRAGMA journal_mode=DELETE; PRAGMA synchronous=FULL", nullptr, nullptr, nullptr);
     if (rc != SQLITE_OK)
-        return fault(unusable(rc) ? Fault::Unusable : Fault::Unreachable, unusable(rc) ? "it is no database" : sqlite3_errmsg(db));
+        return fault(unusable(rc) ? Fault::Unusable : Fault::Unreachable, unusable(rc) ? "it is damaged, or no database" : sqlite3_errmsg(db));
     if (sqlite3_db_readonly(db, "main") == 1) return fault(Fault::Unreachable, "it is write-protected");
     const auto app = pragma(db, "application_id"), version = pragma(db, "user_version");
     SqliteStatement tables(db, "SELECT count(*) FROM sqlite_master");

@@ -49,7 +49,7 @@ void Resume::offer() {
         return;
     }
     std::string why;
-    if (!replay(*saved, why)) setAside("this version of Petalgarden cannot resume it: " + why);
+    if (!replay(*saved, why)) setAside(why);
 }
 
 // The game's options are those it was played with; the settings file follows them, as the
@@ -81,10 +81,12 @@ bool Resume::replay(const SavedGame& saved, std::string& why) {
         return true;
     } catch (const UnexpectedPrompt&) {
         throw;
+    } catch (const ReplayMismatch& e) {
+        why = e.what();
     } catch (const std::exception& e) {
         // Once caught up the game is live: what fails then is the game's own failure.
         if (!f_.journal.replaying()) throw;
-        why = e.what();
+        why = std::string("its moves do not fit the game (") + e.what() + ")";
     }
     f_.journal.cancelReplay();
     clearTable(before);
