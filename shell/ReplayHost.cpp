@@ -57,6 +57,9 @@ bool ReplayHost::step() {
     next->at = now_ + timer.Interval();
     next->seq = seq_++;
     timer.fire();
+    // The replay caught up inside this tick: the program's host heard of the timer while it was
+    // still ticking, and hears of it again now that it is not.
+    if (!replaying_) real_.timerChanged(timer);
     return true;
 }
 
