@@ -1,6 +1,5 @@
 #include "shell/Resume.h"
 
-#include "platform/FatalError.h"
 #include "platform/Host.h"
 #include "platform/UnexpectedPrompt.h"
 #include "records/AtomicFile.h"
