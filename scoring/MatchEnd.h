@@ -28,6 +28,7 @@ private:
     void offerSingleHighScore(int p);
     void offerTournamentHighScore();
     int scoreOf(int side) const;
+    void playRoundSound(int p, int c);
 
     FrmMain& f_;
 };
