@@ -1,11 +1,13 @@
 #pragma once
-// The game's sounds, built into the program, played by Qt's sound effects: each is loaded once
-// and plays without waiting. A machine without an audio output loads and plays nothing, and
-// says nothing of it.
+// The game's sounds, built into the program, played by Qt's sound effects: each is loaded and
+// decoded once and plays without waiting. A machine without an audio output loads and plays
+// nothing, and says nothing of it.
 #include <QObject>
+#include <QPointer>
 #include <QString>
 #include <map>
 #include <string>
+#include <vector>
 
 class QSoundEffect;
 
@@ -23,10 +25,11 @@ public:
     // the program has no sound for plays nothing.
     void play(const std::string& path);
     // Whether an audio output was found and the sounds are loaded.
-    bool available() const { return !effects_.empty(); }
+    bool available() const { return !loaded_.empty(); }
 
 private:
-    std::map<QString, QSoundEffect*> effects_;
+    std::map<QString, QSoundEffect*> loaded_;
+    std::vector<QPointer<QSoundEffect>> voices_;  // the sounds playing now
 };
 
 }  // namespace petal
