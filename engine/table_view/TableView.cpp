@@ -82,7 +82,11 @@ TableView::TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidge
     clock_ = [this] { return started_.elapsed(); };
     frames_.setInterval(kFrameMs);
     frames_.setTimerType(Qt::PreciseTimer);
-    connect(&frames_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
+    // The frames stop with the last flight even where nothing is painted (a hidden window).
+    connect(&frames_, &QTimer::timeout, this, [this] {
+        if (!motion_.moving(clock_())) frames_.stop();
+        update();
+    });
 }
 
 QSize TableView::sizeHint() const { return designSize().toSize(); }
