@@ -18,6 +18,7 @@ void DeckFlip::FlipCard() {
     c.imgFlipCard.Tag = m.mDeckPos;
     c.imgFlipCard.Picture = m.mCards.at(m.mDeckPos).Picture;
     c.imgFlipCard.ToolTipText = cardToolTip(m.mCards[m.mDeckPos]);
+    f_.playSoundFile("flip.wav");
     if (best > -1) {
         c.shpFlipCard.BorderColor = m.mHiliteColor.at(m.mTurn);
         c.shpFlipCard.Visible = true;

@@ -202,6 +202,7 @@ int HandPlay::AddCardToTable(int Position) {
     card.ToolTipText = cardToolTip(f_.m.mCards[Position]);
     card.Tag = Position;
     card.Visible = true;
+    f_.playSoundFile("lay.wav");
     if (f_.m.mTurn == 0) passTurnIfFlipped();
     return slot;
 }

@@ -46,6 +46,17 @@ void FrmMain::setMousePointer(int pointer) {
     host.setMousePointer(pointer);
 }
 
+void FrmMain::PlaySound(const std::string& path) {
+    lastSound_ = path;
+    if (menu.mnuSound.Checked) host.playSound(path);
+}
+
+void FrmMain::playSoundFile(std::string_view name) {
+    if (programFolderSlash_.empty()) programFile({});
+    lastSound_.assign(programFolderSlash_).append(name);
+    if (menu.mnuSound.Checked) host.playSound(lastSound_);
+}
+
 // The folder is asked of the host once: the sound calls of every capture build paths in it.
 std::string FrmMain::programFile(const std::string& name) const {
     if (programFolderSlash_.empty()) programFolderSlash_ = (host.programFolder() / "").string();
@@ -60,6 +71,8 @@ void FrmMain::Form_Load() {
     if (!options.problem().empty())
         host.msgBox({options.problem() + "\n\nThe game goes on with its usual options.", "Petalgarden",
                      MsgIcon::Exclamation, MsgButtons::OK});
+    menu.mnuSound.Checked = options.flag("sound", true);
+    menu.mnuAnimations.Checked = options.flag("animations", true);
     m.mHiliteColor = {0xFF0000, 0x0000FF};
     static constexpr const char* kCodes[24] = {"11", "12", "13", "21", "22", "23", "31", "32",
                                                "33", "41", "42", "43", "51", "52", "53", "61",
@@ -145,6 +158,14 @@ void FrmMain::mnuSetup_Click() {
     if (!trapped([this] { connection.StartConnection(); })) return;
     menu.mnuVChat.Enabled = true;
     if (g.gPlayMode == 2) trapped([this] { tcpMultiPlayer->Connect(); });
+}
+
+// The mark turns at once and the file keeps it for the next start; a file that cannot be
+// written is told, and the choice holds for this run.
+void FrmMain::toggleOption(MenuItem& item, const std::string& key) {
+    item.Checked = !item.Checked;
+    const std::string failure = options.setFlag(key, item.Checked);
+    if (!failure.empty()) host.msgBox({failure, "Petalgarden", MsgIcon::Exclamation, MsgButtons::OK});
 }
 
 void FrmMain::Unload() {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "cards/Globals.h"
 #include "cards/MainVars.h"
@@ -92,6 +93,8 @@ public:
     void Unload();
 
     void mnuExit_Click() { Unload(); }
+    void mnuSound_Click() { toggleOption(menu.mnuSound, "sound"); }
+    void mnuAnimations_Click() { toggleOption(menu.mnuAnimations, "animations"); }
     void mnuVChat_Click() { chat.show(); }
     void mnuVScore_Click();
     void mnuSetup_Click();
@@ -108,9 +111,12 @@ public:
     void Picture1_MouseMove() { restoreArrow(); }
     void Picture2_MouseMove() { restoreArrow(); }
 
-    // The one call for sounds. Nothing is played: the calls and file names stand ready, and the
-    // last path asked for is kept for tests.
-    void PlaySound(const std::string& path) { lastSound_ = path; }
+    // The one call for sounds, a file's full path in the program's folder: the host plays it
+    // while Game > Sound is checked. The last path asked for is kept for tests.
+    void PlaySound(const std::string& path);
+    // The same for a file of the program's folder by name, the path built where the last one
+    // stood: the sounds of every move cost no allocation.
+    void playSoundFile(std::string_view name);
     const std::string& lastSound() const { return lastSound_; }
     // name: a file's name, no folder in it.
     std::string programFile(const std::string& name) const;
@@ -133,6 +139,8 @@ public:
     }
 
 private:
+    void toggleOption(MenuItem& item, const std::string& key);
+
     int mousePointer_ = kPointerDefault;
     // The program's folder and the separator that joins a file name to it, found once.
     mutable std::string programFolderSlash_;
