@@ -29,7 +29,6 @@ private:
     void showScoreCard();
     void offerSingleHighScore(int p);
     void offerTournamentHighScore();
-    int scoreOf(int side) const;
     void playRoundSound(int p, int c);
 
     FrmMain& f_;
