@@ -111,11 +111,7 @@ int play(const PlayOptions& options, std::ostream& out, std::ostream& err) {
             failed = true;
         }
     }
-    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
-    char summary[160];
-    std::snprintf(summary, sizeof summary, "{\"ev\":\"summary\",\"deals\":%d,\"seconds\":%.6f,\"deals_per_s\":%.1f}\n",
-                  tracer.ended, seconds, seconds > 0 ? tracer.ended / seconds : 0.0);
-    out << summary;
+    out << tracer.summary(std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count());
     return failed ? 1 : 0;
 }
 
