@@ -13,6 +13,8 @@
 #include "TempFolder.h"
 #include "Tracer.h"
 #include "cards/Val.h"
+#include "opponent/Sight.h"
+#include "opponent/StandardRule.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
 #include "platform/FatalError.h"
@@ -41,10 +43,23 @@ Slots framedSlots(const TableModel& c) {
     return slots;
 }
 
+// A whole move as the standard computer would choose it for the local player.
+bool chosenMove(FrmMain& f) {
+    const Sight sight = sightOf(f, 0);
+    const HandMove move =
+        sight.turned >= 0 ? HandMove{-1, sight.seen.bestMatch(sight.turned)} : standardHand(sight.seen);
+    if (move.handSlot < 0 && move.tableSlot < 0) return false;
+    if (move.handSlot >= 0) f.play.imgPCard_Click(move.handSlot);
+    if (move.tableSlot >= 0) f.play.imgTCard_Click(move.tableSlot);
+    else f.play.imgTable_Click();
+    return true;
+}
+
 }  // namespace
 
 bool localMove(FrmMain& f, Policy& policy) {
     if (!canMove(f)) return false;
+    if (policy.chooser() != Chooser::None) return chosenMove(f);
     if (f.ctl.shpFlipCard.Visible) {
         const Slots framed = framedSlots(f.ctl);
         if (framed.empty()) return false;
@@ -74,7 +89,7 @@ int play(const PlayOptions& options, std::ostream& out, std::ostream& err) {
     FrmMain& f = program.frmMain;
     Tracer tracer(f, options.trace ? &out : nullptr);
     f.events = &tracer;
-    Policy policy(options.randomPolicy, options.policySeed);
+    Policy policy(options.randomPolicy, options.policySeed, options.chooser);
     bool failed = false;
 
     host.onMsgBox = [&](const MsgBox& box) {

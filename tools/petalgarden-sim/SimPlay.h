@@ -5,6 +5,7 @@
 #include <iosfwd>
 #include <string>
 
+#include "Policy.h"
 #include "shell/FrmMain.h"
 
 namespace petal::sim {
@@ -15,11 +16,10 @@ struct PlayOptions {
     bool yaku = true;
     bool randomPolicy = false;
     std::uint64_t policySeed = 0;
+    Chooser chooser = Chooser::None;  // the local player plays as the standard computer
     std::string start = "12:00:00";
     bool trace = false;
 };
-
-class Policy;
 
 // Whether the local player is on turn with a move to make, as a user would see it. Asked of
 // both programs at every step of a net run, so it is made where it is asked.

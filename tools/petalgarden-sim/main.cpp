@@ -1,7 +1,7 @@
 // petalgarden-sim: the game's core, headless on the simulated host.
 //   petalgarden-sim deal --seed HH:MM:SS [--network]
-//   petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
-//                        [--start HH:MM:SS] [--trace]
+//   petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off]
+//                        [--policy first|random:K|standard] [--start HH:MM:SS] [--trace]
 //   petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
 //                       [--faults K] [--trace]
 #include <cstdint>
@@ -25,7 +25,7 @@ namespace {
 int usage() {
     std::cerr << "usage: petalgarden-sim deal --seed TEXT [--network]\n"
                  "       petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off]\n"
-                 "                            [--policy first|random:K] [--start HH:MM:SS] [--trace]\n"
+                 "                            [--policy first|random:K|standard] [--start HH:MM:SS] [--trace]\n"
                  "       petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off]\n"
                  "                           [--policy first|random:K] [--faults K] [--trace]\n"
                  "       petalgarden-sim host [--port P] [--deals N] [--tournament R] [--yaku on|off]\n"
@@ -104,8 +104,15 @@ bool commonOption(const std::vector<std::string>& args, std::size_t& i, int& dea
 int play(const std::vector<std::string>& args) {
     petal::sim::PlayOptions o;
     for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string next = i + 1 < args.size() ? args[i + 1] : "";
+        // Only play has a computer to play as.
+        if (args[i] == "--policy" && next == "standard") {
+            o.chooser = petal::sim::Chooser::Standard;
+            ++i;
+            continue;
+        }
         if (commonOption(args, i, o.deals, o.tournamentRounds, o.yaku, o.randomPolicy, o.policySeed, o.trace)) continue;
-        if (args[i] == "--start" && i + 1 < args.size() && isTime(args[i + 1])) {
+        if (args[i] == "--start" && isTime(next)) {
             o.start = args[++i];
             continue;
         }
