@@ -81,6 +81,7 @@ TEST(DealModel, ReplaysTheGamesDealsMoveForMove) {
         {"random player, no yaku, tournaments",
          {.deals = 300, .tournamentRounds = 3, .yaku = false, .randomPolicy = true, .policySeed = 8}, true},
         {"the standard rule on both sides", {.deals = 300, .chooser = sim::Chooser::Standard}, true},
+        {"the strong search on both sides", {.deals = 2, .chooser = sim::Chooser::Strong, .strongComputer = true}, false},
     };
     for (Run run : runs) {
         run.options.trace = true;

@@ -1,12 +1,12 @@
 #pragma once
 // The local player's choices: the lowest slots, or a seeded pick of its own; or, in play, a
-// whole move chosen as the standard computer would choose it.
+// whole move chosen as the standard computer or the strong one would choose it.
 #include <cstdint>
 #include <span>
 
 namespace petal::sim {
 
-enum class Chooser { None, Standard };
+enum class Chooser { None, Standard, Strong };
 
 class Policy {
 public:
