@@ -16,6 +16,8 @@ struct MenuItem {
 
 struct MenuModel {
     MenuItem mnuSetup{"mnuSetup", "&Setup", ""};
+    // Ours: the strong computer's choice for the player, in single play on the player's turn.
+    MenuItem mnuHint{"mnuHint", "&Hint", "H", false};
     MenuItem mnuSep0{"mnuSep0", "", ""};
     MenuItem mnuExit{"mnuExit", "E&xit", ""};
     MenuItem mnuVChat{"mnuVChat", "&Chat", "F5"};
@@ -31,7 +33,7 @@ struct MenuModel {
         std::vector<MenuItem*> items;
     };
     std::vector<Menu> menus() {
-        return {{"mnuGame", "Game", {&mnuSetup, &mnuSep0, &mnuExit}},
+        return {{"mnuGame", "Game", {&mnuSetup, &mnuHint, &mnuSep0, &mnuExit}},
                 {"mnuView", "&View", {&mnuVChat, &mnuVScore, &mnuVHallofFame}},
                 {"mnuHelp", "&Help", {&mnuHAbout, &mnuHsep0, &mnuHHelp}}};
     }

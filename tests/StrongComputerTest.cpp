@@ -1,4 +1,4 @@
-// The strong computer: what it may see, and what it plays for.
+// The strong computer and the hint: what they may see, what they play for, and the hint's marks.
 #include "GameFixture.h"
 #include "opponent/StrongSearch.h"
 
@@ -18,7 +18,8 @@ protected:
 };
 
 // Two deals that differ only in what one side cannot see (the other hand and the deck's order)
-// give that side the same hand card and the same table card, the computer as the player.
+// give that side the same hand card and the same table card: the computer's choice, and the
+// hint's for the player.
 TEST_F(Strong, TheChoiceDependsOnlyOnWhatTheSideSees) {
     const std::vector<int> own = {0, 9, 13, 20, 28, 33, 40, 43};
     const std::vector<int> table = {1, 2, 10, 44, 29, 34, 41, 24};
@@ -37,8 +38,10 @@ TEST_F(Strong, TheChoiceDependsOnlyOnWhatTheSideSees) {
                 f->computer.CompDropCard();
                 played[variant] = {f->m.mCompCard, pileIndices(1, 0).empty() ? -1 : pileIndices(1, 0).front()};
             } else {
-                const HandMove move = StrongSearch::choose(sightOf(*f, 0));
-                played[variant] = {move.handSlot, move.tableSlot};
+                f->mnuHint_Click();
+                const Hint::Marks marks = f->hint.marks();
+                ASSERT_GE(marks.hand, 0);
+                played[variant] = {tagOf(f->ctl.imgPCard[marks.hand]), marks.table};
             }
             std::reverse(hidden.begin(), hidden.end());  // another hand, and the deck the other way round
         }
@@ -74,6 +77,29 @@ TEST(StrongSearch, InTheLastDealOfATournamentItPlaysToWinTheTournament) {
         for (int d : c.gamble) gamble += StrongSearch::worth(c.sight, d);
         EXPECT_EQ(gamble > safe, c.gambles) << c.rule;
     }
+}
+
+TEST_F(Strong, TheHintMarksTheStrongChoiceUntilThePlayerMoves) {
+    // Every hand card may take either of two cards of its month.
+    dealWith({1, 3, 9, 11, 29, 31, 33, 35}, {}, {0, 2, 8, 10, 28, 30, 32, 34});
+    f->syncMenu();
+    EXPECT_TRUE(f->menu.mnuHint.Enabled);
+    f->mnuHint_Click();
+    const Hint::Marks marks = f->hint.marks();
+    const int hand = marks.hand, table = marks.table;
+    ASSERT_GE(hand, 0);
+    ASSERT_GE(table, 0) << "the table card where there is a choice";
+    EXPECT_TRUE(f->m.mCards[tagOf(f->ctl.imgPCard[hand])].sameMonth(f->m.mCards[tagOf(f->ctl.imgTCard[table])]));
+    EXPECT_FALSE(f->ctl.shpPHilite.Visible) << "a hint chooses nothing for the player";
+    f->play.imgPCard_Click((hand + 1) % 8);
+    EXPECT_EQ(f->hint.marks().hand, marks.hand) << "a selection is no move";
+    f->play.imgPCard_Click(hand);
+    f->play.imgTCard_Click(table);
+    EXPECT_EQ(f->hint.marks().hand, -1);
+    EXPECT_EQ(f->hint.marks().table, -1);
+    f->g.gPlayMode = 1;
+    f->syncMenu();
+    EXPECT_FALSE(f->menu.mnuHint.Enabled) << "not offered in a network game";
 }
 
 }  // namespace

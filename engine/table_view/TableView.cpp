@@ -149,6 +149,9 @@ void TableView::paintEvent(QPaintEvent*) {
     table.paintBackground(game_.ctl.Picture, size());
     table.paintItems(items(), QPointF(0, 0));
     if (keys_.markShown()) table.paintFocusMark(keys_.focus().control(keys_.focus().place()));
+    const Hint::Marks hint = game_.hint.marks();
+    if (hint.hand >= 0) table.paintHintMark(game_.ctl.imgPCard.at(hint.hand));
+    if (hint.table >= 0) table.paintHintMark(game_.ctl.imgTCard.at(hint.table));
 }
 
 // While the size changes, each frame shows the pictures last rendered, stretched; once it
