@@ -1,7 +1,7 @@
 #pragma once
-// The design's computer on the model of a deal: the most valuable capture, else the cheapest
-// card, and always the most valuable table card. The search's playouts play it for both
-// sides; the game's own computer (Computer) is the one that plays it on the table.
+// The standard computer's rule on the model of a deal: the most valuable capture, else the
+// cheapest card, and always the most valuable table card. The search's playouts play it for
+// both sides; the computer of the table (Computer) plays it by its own code.
 #include "opponent/DealState.h"
 
 namespace petal {
