@@ -1,4 +1,5 @@
 #pragma once
+#include <string_view>
 
 namespace petal {
 
@@ -13,6 +14,8 @@ public:
 
     explicit Computer(FrmMain& f) : f_(f) {}
 
+    // Whether this build has the computer that the options name by kind.
+    static bool plays(std::string_view kind) { return kind == "standard" || kind == "strong"; }
     // Whether the strong computer plays: chosen in Setup, and in single play only.
     bool strong() const;
 
