@@ -365,21 +365,6 @@ TEST_F(HallOfFameTest, ViewsAndTriggersOfAFileMadeElsewhereDoNotRun) {
     EXPECT_THAT(told[0].text, HasSubstr("cannot be read: its TournamentStats is a view, not a table."));
 }
 
-// A write refused by the store (a full disk, a damaged file, a constraint of a file made
-// elsewhere) is told with its reason, and the table stands as it was.
-TEST_F(HallOfFameTest, AFailedWriteIsToldAndLeavesTheTableAsItWas) {
-    hof.AddHallOfFameEntry("Kept", 70, 0, 0, 0);
-    hof.CloseHallOfFame();
-    query("CREATE UNIQUE INDEX OneADay ON SingleStats (DateWon)");
-    hof.OpenHallOfFame();
-    keepBoxes();
-    hof.AddHallOfFameEntry("Lost", 90, 0, 0, 0);
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_EQ(told[0].buttons, MsgButtons::OK);
-    EXPECT_THAT(told[0].text, HasSubstr("cannot be written: UNIQUE constraint failed"));
-    EXPECT_EQ(query("SELECT group_concat(PlayerName) FROM SingleStats"), "Kept");
-}
-
 TEST_F(HallOfFameTest, AWriteKilledHalfWayLeavesAReadableFileWithEveryCommittedRow) {
     // Each round's child adds rising scores, so the table is always the last ten committed, and
     // each round starts above the last. The entry under way at the kill may commit unreported.

@@ -126,60 +126,6 @@ TEST_F(MatchEnd, AWonOrTiedSingleGameOffersTheHallOfFameAndALostOneDoesNot) {
     EXPECT_THAT(program->hof.GetHallOfFame(0), HasSubstr("Ayame,11/22/2026,60,0,N/A,N/A,N/A"));
 }
 
-// The design ended the program when the records could not be read at a game's end; now the
-// player is told once, and the question comes as after any game.
-TEST_F(MatchEnd, AHallOfFameThatCannotBeReadIsToldOnceAndTheGamesGoOn) {
-    program.reset();
-    std::ofstream(dir.path() / "HOF.mdb", std::ios::binary) << std::string(2048, 'x');
-    host = std::make_unique<SimHost>(dir.path());
-    host->expectMsgBox("System Password Error", "Invalid Password", MsgResult::OK);
-    start();
-    for (int game = 0; game < 2; ++game) {
-        dealWith({}, {}, {});
-        f->ctl.panel[0].lblPointsTotal[3].Caption = "60";
-        if (game == 0) host->expectMsgBox("", "", MsgResult::OK);
-        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::Yes);
-        f->EndMatch();
-        EXPECT_FALSE(host->ending());
-        EXPECT_EQ(host->pendingAnswers(), 0u);
-    }
-    const MsgBox& told = host->shownBoxes()[1];
-    EXPECT_EQ(told.title, "Hall of Fame");
-    EXPECT_THAT(told.text, HasSubstr("file is not a database"));
-    EXPECT_EQ(program->g.gGameInProgress, 1);
-}
-
-TEST_F(MatchEnd, AWholeDealRunsTickByTickWithEitherSideLeading) {
-    f->events = &counter;
-    for (int lead : {0, 1}) {
-        f->settings.WriteSettings(1, 2, -1, 0);  // a tournament keeps who leads
-        f->m.mTurn = lead;
-        ended = 0;
-        int cardsInPlay = 0, deckPos = 0;
-        host->onForm = [&](Form& form) {
-            // The score card of the round: everything dealt to the table or played lies in a
-            // pile or on the table.
-            deckPos = f->m.mDeckPos;
-            cardsInPlay = 0;
-            for (const ScorePanel& p : f->ctl.panel)
-                for (const auto& row : p.piles)
-                    for (const Image& card : row) cardsInPlay += card.hasPicture() ? 1 : 0;
-            for (const Image& slot : f->ctl.imgTCard) cardsInPlay += slot.hasPicture() ? 1 : 0;
-            form.Unload();
-        };
-        f->dealer.imgDeck_Click();
-        EXPECT_EQ(f->tmrComputer.Enabled(), lead == 1);
-        const auto begun = host->now();
-        playDeals(1);
-        EXPECT_EQ(ended, 1);
-        EXPECT_EQ(deckPos, 39);
-        EXPECT_EQ(cardsInPlay, 40);
-        EXPECT_GE(host->now() - begun, 8 * 2000) << "eight opposite turns of four ticks";
-        host->expectMsgBox("Do you want to quit the game in progress?", "Game In Progress", MsgResult::Yes);
-        f->dealer.imgDeck_Click();
-    }
-}
-
 TEST_F(MatchEnd, TheOppositeSidesClaimCanCompleteAYakuThatScoresWithoutBeingCounted) {
     // The opposite side holds the plum and pine ribbons; its wild card took a cherry chaff
     // (position 9), and the cherry ribbon still lies on the table.

@@ -67,21 +67,6 @@ TEST_F(Settings, MissingNumbersReadAsZeroAndOddTokensAsZero) {
     for (const Case& c : cases) EXPECT_EQ(parseSettings(c.text, file()), c.values) << c.text;
 }
 
-TEST_F(Settings, WriteSettingsWritesAsGivenAndSetsTheCaptionByPlayMode) {
-    start();
-    struct Case {
-        int mode;
-        std::string caption;
-    };
-    for (const Case& c : {Case{1, "Petalgarden (Server)"}, Case{2, "Petalgarden (Client)"}, Case{7, "Petalgarden (Client)"},
-                          Case{0, "Petalgarden"}}) {
-        f->settings.WriteSettings(1, 20, 1, c.mode);
-        EXPECT_EQ(f->Caption, c.caption);
-        EXPECT_EQ(readFile(), "1\r\n20\r\n1\r\n" + std::to_string(c.mode) + "\r\n");
-    }
-    EXPECT_TRUE(program->g.gUseYaku);
-}
-
 TEST_F(Settings, BrokenFilesEndTheProgramWithAMessageNamingTheFile) {
     const std::string cases[] = {"", "\r\n", "0\r\n10\r\n-1\r\n0\r\n5\r\n", "0\r\n99999\r\n"};
     for (const std::string& bytes : cases) {
@@ -180,15 +165,6 @@ TEST_F(Settings, AFileWithUnplayableValuesCanBePlayedAndRepairedInSetup) {
     runHandler(*host, [this] { f->mnuSetup_Click(); });
     EXPECT_FALSE(host->ending());
     EXPECT_EQ(readFile(), "0\r\n5\r\n-1\r\n0\r\n");
-}
-
-TEST_F(Settings, AFileThatCannotBeCreatedEndsTheProgramInOrder) {
-    // A folder where the temporary file would go makes the creation fail, even for root.
-    std::filesystem::create_directory(dir.path() / "GARDENIA.ini.tmp");
-    startGuarded();
-    EXPECT_TRUE(host->ending());
-    EXPECT_THAT(failure.text, HasSubstr("cannot be created"));
-    EXPECT_FALSE(std::filesystem::exists(file()));
 }
 
 // Our own options beside the settings file: lines it cannot use keep their defaults, keys of a

@@ -80,15 +80,5 @@ TEST_F(Invariants, EachBreakIsFoundAndNamed) {
     }
 }
 
-TEST_F(Invariants, ACapturedPairKeepsTheRulesWhenItsCountersAndTotalFollow) {
-    f->dealer.DealCards();
-    const int taken = static_cast<int>(f->ctl.imgTCard[0].Tag.value());
-    f->ctl.imgTCard[0].clearCard();
-    f->piles.SendToPlayerPoints(taken, false, 1);
-    if (f->g.gUseYaku) f->yaku.ShowYaku(taken);
-    f->piles.CalcPlayerPoints();
-    EXPECT_EQ(TableInvariants::check(*f), "");
-}
-
 }  // namespace
 }  // namespace petal::test
