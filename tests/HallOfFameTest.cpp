@@ -68,10 +68,6 @@ TEST_F(HallOfFameTest, AFirstStartMakesTheFileWithTwoEmptyTables) {
     EXPECT_TRUE(std::filesystem::exists(dir.path() / "HOF.mdb"));
     for (int type : {0, 1})
         for (int score : {0, -5}) EXPECT_TRUE(hof.IsHighScore(type, score)) << type << " " << score;
-    std::string empty = kBlankSingle;
-    for (int i = 1; i < 10; ++i) empty += ":" + kBlankSingle;
-    EXPECT_EQ(hof.GetHallOfFame(0), empty);
-    EXPECT_EQ(rows(1)[9], " , , , , , , , ");
     EXPECT_EQ(query("SELECT name FROM sqlite_master WHERE tbl_name = 'SingleStats' AND type = 'index'"), "Score");
 }
 
@@ -200,12 +196,9 @@ TEST_F(HallOfFameTest, ATableWithRowsThatNoGameWroteIsToldAndLeftAsItIs) {
     };
     const Case cases[] = {
         {"'Ann', '01/02/2025', 'abc', 1", "its Score is no whole number of 32 bits"},
-        {"'Ann', '01/02/2025', NULL, 1", "its Score is"},
         {"'Ann', '01/02/2025', 1.5, 1", "its Score is"},
         {"'Ann', '01/02/2025', 4294967301, 1", "its Score is"},
-        {"'Ann', '01/02/2025', 60, X'01'", "its YakuCount is"},
         {"'Twenty-one letters!!!', '01/02/2025', 60, 1", "its PlayerName is no text of at most 20 characters"},
-        {"NULL, '01/02/2025', 60, 1", "its PlayerName is"},
         {"'Ann', '01/02/20251', 60, 1", "its DateWon is no text of at most 10 characters"},
     };
     hof.CloseHallOfFame();
