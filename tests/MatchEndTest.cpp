@@ -1,8 +1,9 @@
 // The end of a deal: the wild card's claim, the banners and Hall of Fame offers, the next
 // starter, and whole deals and tournaments played to their end on the simulated host.
-#include <fstream>
 
 #include "GameFixture.h"
+#include "Policy.h"
+#include "SimPlay.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
 
@@ -13,30 +14,11 @@ class MatchEnd : public GameFixture {
 protected:
     void SetUp() override { start(); }
 
-    // One move of the local player by the lowest slots; false when it is not on turn.
-    bool playLocalMove() {
-        if (f->m.mTurn != 0 || f->tmrComputer.Enabled() || program->g.gGameInProgress != 1) return false;
-        if (f->ctl.shpFlipCard.Visible) {
-            f->play.imgTCard_Click(framedSlots().front());
-            return true;
-        }
-        if (f->MousePointer() == FrmMain::kPointerHourglass || f->m.mPlayerFlipped != 0) return false;
-        for (int i = 0; i < 8; ++i) {
-            if (!f->ctl.imgPCard[i].hasPicture()) continue;
-            f->play.imgPCard_Click(i);
-            const auto framed = framedSlots();
-            if (framed.empty())
-                f->play.imgTable_Click();
-            else
-                f->play.imgTCard_Click(framed.front());
-            return true;
-        }
-        return false;
-    }
     // Plays until `deals` deals have ended or the program ends.
     void playDeals(int deals) {
+        sim::Policy lowest(false, 0);
         while (!host->ending() && ended < deals) {
-            if (!playLocalMove()) {
+            if (!sim::localMove(*f, lowest)) {
                 ASSERT_TRUE(host->step()) << "nothing left to run";
             }
         }
