@@ -16,6 +16,8 @@ namespace {
 struct Run {
     const char* target;
     int spoilings;
+    // The target's name in a test's name, where the run's bytes would be.
+    friend void PrintTo(const Run& run, std::ostream* out) { *out << run.target; }
 };
 
 std::string hex(const std::string& bytes) {
