@@ -1,5 +1,5 @@
 // The Hall of Fame store: first start, the ten-row limit, the order of rows, the averages,
-// lost tables, foreign and locked files, and a write killed half-way.
+// lost tables, files made elsewhere, locked files, and a write killed half-way.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sqlite3.h>
@@ -7,7 +7,6 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <fstream>
 
 #include "GameFixture.h"
 #include "records/HallOfFame.h"
@@ -49,10 +48,10 @@ protected:
         sqlite3_close(db);
     }
     // Every box from here on is kept in `told` and answered so.
-    void keepBoxes(MsgResult answer = MsgResult::OK) {
-        host.onMsgBox = [this, answer](const MsgBox& box) {
+    void keepBoxes() {
+        host.onMsgBox = [this](const MsgBox& box) {
             told.push_back(box);
-            return answer;
+            return MsgResult::OK;
         };
     }
 
@@ -222,71 +221,6 @@ TEST_F(HallOfFameTest, ATableWithRowsThatNoGameWroteIsToldAndLeftAsItIs) {
         EXPECT_THAT(told[2].text, HasSubstr("cannot be written: a row of SingleStats"));
         EXPECT_EQ(query("SELECT count(*) FROM SingleStats"), "11") << c.values;
     }
-}
-
-// Every operation on records out of reach tells once what failed, with the store's reason, and
-// goes on: no high score, blank rows, nothing stored.
-TEST_F(HallOfFameTest, AFileThatIsNoDatabaseIsToldOnceAndTheRecordsStayOutOfReach) {
-    hof.CloseHallOfFame();
-    std::ofstream(hof.path(), std::ios::binary | std::ios::trunc) << std::string(4096, 'x');
-    host.expectMsgBox("System Password Error", "Invalid Password", MsgResult::OK);
-    hof.OpenHallOfFame();
-    EXPECT_FALSE(hof.isOpen());
-    keepBoxes();
-    for (int pass = 0; pass < 2; ++pass) {
-        EXPECT_FALSE(hof.IsHighScore(0, 10));
-        EXPECT_EQ(rows(1)[0], " , , , , , , , ");
-        hof.AddHallOfFameEntry("X", 1, 0, 0, 0);
-    }
-    ASSERT_EQ(told.size(), 3u) << "each failure once, not at every game";
-    const char* operations[] = {"cannot be read to test the score: ", "cannot be read: ", "cannot be written: "};
-    for (std::size_t i = 0; i < told.size(); ++i) {
-        EXPECT_THAT(told[i].text, HasSubstr(hof.path().string()));
-        EXPECT_THAT(told[i].text, HasSubstr(std::string(operations[i]) + "file is not a database"));
-    }
-}
-
-// An index that no longer matches its table (a damaged file) used to order the page by itself,
-// rows out of place without a word. The damage is found at the opening and told, and the game
-// goes on without the records, leaving the file as it is.
-TEST_F(HallOfFameTest, ADamagedFileIsToldAndNotShownOutOfOrder) {
-    for (int score : {10, 30, 20}) hof.AddHallOfFameEntry("N" + std::to_string(score), score, 0, 0, 0);
-    hof.CloseHallOfFame();
-    exec("PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = replace(sql, 'Score DESC', 'Score ASC') "
-         "WHERE name = 'Score'");
-    keepBoxes();
-    HallOfFame records(host);
-    records.OpenHallOfFame();
-    EXPECT_EQ(records.GetHallOfFame(0).substr(0, 13), kBlankSingle);
-    ASSERT_EQ(told.size(), 1u);
-    EXPECT_THAT(told[0].text, HasSubstr("cannot be read: the file is damaged (row 1 missing from index Score), so "
-                                        "the records are out of reach"));
-    EXPECT_EQ(query("SELECT count(*) FROM SingleStats"), "3");
-}
-
-// A header that marks a format newer than SQLite may write used to be taken for a write-protected
-// file: "Access Denied", and Retry for ever to no end. It is told as what it is, once, and the
-// game goes on without the records, leaving the file as it is.
-TEST_F(HallOfFameTest, AFileOfANewerFormatIsToldAsSuchNotAsAccessDenied) {
-    hof.AddHallOfFameEntry("Kept", 70, 0, 0, 0);
-    hof.CloseHallOfFame();
-    {
-        std::fstream file(hof.path(), std::ios::binary | std::ios::in | std::ios::out);
-        file.seekp(18);
-        file.put(3);  // the write version
-    }
-    const std::string before = fileText(hof.path());
-    keepBoxes(MsgResult::Cancel);
-    HallOfFame records(host);
-    records.OpenHallOfFame();
-    EXPECT_FALSE(records.IsHighScore(0, 500));
-    records.AddHallOfFameEntry("New", 500, 0, 0, 0);
-    ASSERT_EQ(told.size(), 2u);
-    for (const MsgBox& box : told) {
-        EXPECT_EQ(box.title, "Hall of Fame");
-        EXPECT_THAT(box.text, HasSubstr("it is of a newer format, which this program may read but not write"));
-    }
-    EXPECT_EQ(fileText(hof.path()), before);
 }
 
 // The file refused or held by another program asks Retry or Cancel, never OK for ever: Retry

@@ -67,22 +67,6 @@ TEST_F(Settings, MissingNumbersReadAsZeroAndOddTokensAsZero) {
     for (const Case& c : cases) EXPECT_EQ(parseSettings(c.text, file()), c.values) << c.text;
 }
 
-TEST_F(Settings, BrokenFilesEndTheProgramWithAMessageNamingTheFile) {
-    const std::string cases[] = {"", "\r\n", "0\r\n10\r\n-1\r\n0\r\n5\r\n", "0\r\n99999\r\n"};
-    for (const std::string& bytes : cases) {
-        TempDir other;
-        program.reset();
-        host = std::make_unique<SimHost>(other.path());
-        std::ofstream(other.path() / "GARDENIA.ini", std::ios::binary) << bytes;
-        failure = {};
-        startGuarded();
-        EXPECT_TRUE(host->ending()) << bytes;
-        EXPECT_NE(host->exitStatus(), 0) << "an end after a failure";
-        EXPECT_THAT(failure.text, HasSubstr((other.path() / "GARDENIA.ini").string()));
-        EXPECT_EQ(failure.icon, MsgIcon::Exclamation);
-    }
-}
-
 // A folder in the file's place used to be reported as "cannot be replaced: Success.".
 TEST_F(Settings, AFolderInTheFilesPlaceIsToldWithTheRealReason) {
     std::filesystem::create_directory(file());
