@@ -29,7 +29,8 @@ public:
     bool cmdOKEnabled() const { return okEnabled_; }
 
     void Form_Load() override;
-    // The user's edit of the box; the box holds at most 20 characters.
+    // The user's edit of the box; the box holds at most 20 characters, as a person counts
+    // them, in well-formed UTF-8.
     void setTxtHOFName(const std::string& text);
     void cmdOK_Click();
     void cmdCancel_Click() { Unload(); }
