@@ -106,38 +106,39 @@ std::string HallOfFameTarget::run(const std::uint8_t* data, std::size_t size) {
     return "";
 }
 
-// Every box is one of the records' own, each told once: the password's for a file that is no
-// database, or one that names the file, the operation and the reason.
+// Every box is one of the records' own, told once, that names the file, the operation and the
+// reason; a file that cannot be opened is told at the opening and at no operation after it.
 std::string HallOfFameTarget::checkBoxes(FileRig& rig, const HofSnapshot& before) const {
     if (rig.host().ending()) return "the program ended";
     const std::string head = "The Hall of Fame file \"" + rig.file(HallOfFame::kFileName).string() + "\" cannot be ";
     const std::string tail = ".\n\nThe game goes on without it.";
     std::set<std::string> seen;
+    bool opened = false;
     for (const MsgBox& box : rig.boxes()) {
         const std::string shown = "\"" + box.text.substr(0, 300) + "\" (" + box.title + ")";
         if (!seen.insert(box.text).second) return "a box told twice: " + shown;
-        if (box.title == "Invalid Password" && box.text == "System Password Error") {
-            if (before.database) return "the password's box for a file that reads as a database";
-            continue;
-        }
+        if (box.title == "Invalid Password") return "a file told as a password error: " + shown;
         if (box.title != "Hall of Fame" || box.buttons != MsgButtons::OK || box.text.rfind(head, 0) != 0)
             return "a box that is none of the records': " + shown;
         std::string rest = box.text.substr(head.size());
         bool named = false;
-        for (const char* operation : {"read to test the score: ", "read: ", "written: "})
+        for (const char* operation : {"opened: ", "read to test the score: ", "read: ", "written: "})
             if (rest.rfind(operation, 0) == 0) {
+                if (opened) return "a file that cannot be opened told again: " + shown;
+                opened = operation[0] == 'o';
                 rest.erase(0, std::string(operation).size());
                 named = true;
             }
         if (!named || rest.size() < tail.size() + 3 || rest.compare(rest.size() - tail.size(), tail.size(), tail) != 0)
             return "a box of the records without its operation or reason: " + shown;
     }
+    if (!before.database && !opened) return "a file that is no database not told at its opening";
     return "";
 }
 
 std::string HallOfFameTarget::checkPages(FileRig& rig, const HofPages& pages, int gameType,
                                          const HofSnapshot& file) const {
-    const bool told = anyBox(rig, " cannot be read: ");
+    const bool told = anyBox(rig, " cannot be read: ") || anyBox(rig, " cannot be opened: ");
     for (int t = 0; t < 2; ++t)
         if (std::string broken = pages.check(t, gameType, file.tables[t], told); !broken.empty()) return broken;
     return "";

@@ -125,6 +125,9 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
         return o;
     }
     if (o.rc == SQLITE_CORRUPT && !fault.empty()) {
+        // A fault in a page comes under a header line that names only the database.
+        const std::string header = "*** in database main ***\n";
+        if (fault.rfind(header, 0) == 0) fault.erase(0, header.size());
         o.reason = "the file is damaged (" + fault.substr(0, std::min(fault.find('\n'), std::size_t{200})) + ")";
         sqlite3_close(db);
         return o;
@@ -162,6 +165,7 @@ bool accessDenied(const Opening& o) {
 struct HallOfFame::Failure {
     int code;
     std::string reason;
+    bool toldAtOpening = false;  // the records are out of reach, and the opening said why
     bool locked() const { return (code & 0xFF) == SQLITE_BUSY || (code & 0xFF) == SQLITE_LOCKED; }
 };
 
@@ -184,8 +188,9 @@ void HallOfFame::OpenHallOfFame() {
 }
 
 // Opens the file, making it when it is missing. A file refused to this user or locked by another
-// program asks Retry or Cancel; Cancel, like a file that is no database, leaves the records out of
-// reach and the program goes on without them.
+// program asks Retry or Cancel; a file that is no database, is damaged or cannot be written is
+// told at once with the store's reason. Either way the program goes on without the records, and
+// the operations that find them out of reach say nothing more.
 void HallOfFame::OpenExistingDatabase() {
     while (!host_.ending()) {
         const Opening o = openFile(path(), lockWaitMs_);
@@ -195,13 +200,12 @@ void HallOfFame::OpenExistingDatabase() {
             return;
         }
         unreachable_ = o.reason;
-        if ((o.rc & 0xFF) == SQLITE_NOTADB) {
-            host_.msgBox({"System Password Error", "Invalid Password", MsgIcon::Exclamation, MsgButtons::OK});
+        const std::string cause = "The Hall of Fame file \"" + path().string() + "\" cannot be opened: " + o.reason + ".";
+        if (!accessDenied(o)) {
+            tellOnce(cause + "\n\nThe game goes on without it.");
             return;
         }
-        if (!accessDenied(o)) return;
-        const std::string text = "The Hall of Fame file \"" + path().string() + "\" cannot be opened: " + o.reason +
-                                 ".\n\nRetry, or Cancel to play on without the Hall of Fame.";
+        const std::string text = cause + "\n\nRetry, or Cancel to play on without the Hall of Fame.";
         if (host_.msgBox({text, "Access Denied", MsgIcon::Exclamation, MsgButtons::RetryCancel}) != MsgResult::Retry)
             return;
     }
@@ -237,6 +241,7 @@ bool HallOfFame::guarded(const std::string& operation, const std::function<void(
             body();
             return true;
         } catch (const Failure& failure) {
+            if (failure.toldAtOpening) return false;
             const std::string cause =
                 "The Hall of Fame file \"" + path().string() + "\" cannot be " + operation + ": " + failure.reason + ".";
             if (!failure.locked()) {
@@ -261,9 +266,7 @@ void HallOfFame::tellOnce(const std::string& text) {
 void HallOfFame::fail(int code) const { throw Failure{code, sqlite3_errmsg(gHOFDatabase_)}; }
 
 sqlite3* HallOfFame::database() const {
-    if (!gHOFDatabase_)
-        throw Failure{SQLITE_CANTOPEN, (unreachable_.empty() ? std::string("it is not open") : unreachable_) +
-                                           ", so the records are out of reach"};
+    if (!gHOFDatabase_) throw Failure{SQLITE_CANTOPEN, "it is not open", !unreachable_.empty()};
     return gHOFDatabase_;
 }
 
