@@ -3,15 +3,15 @@
 #include <string>
 
 #include "platform/Form.h"
+#include "records/HallOfFame.h"
 
 namespace petal {
 
-class HallOfFame;
 struct Globals;
 
 class FrmHOFWinner : public Form {
 public:
-    static constexpr std::size_t kMaxName = 20;
+    static constexpr std::size_t kMaxName = HallOfFame::kNameLength;
 
     FrmHOFWinner(Globals& g, HallOfFame& hof) : g_(g), hof_(hof) {}
     const char* formName() const override { return "frmHOFWinner"; }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/Host.h"
+#include "records/Characters.h"
 #include "records/SqliteStatement.h"
 
 namespace petal {
@@ -50,9 +51,10 @@ const TableDef kTournament = {
 
 const TableDef& tableFor(bool tournament) { return tournament ? kTournament : kSingle; }
 
-// The first row of a table that is no record the game can have written, in words: a name of
-// at most 20 characters and a date text of at most 10, every number whole and of 32 bits.
-std::string oddRowQuery(const TableDef& table) {
+// Why a row is no record that the game can have written, or NULL for a record: a name of at
+// most 20 characters and a date text of at most 10, both well-formed, every number whole and of
+// 16 bits, as the game's own values are.
+std::string oddRowCase(const TableDef& table) {
     std::string cases;
     const std::string columns = table.columns;
     for (std::size_t at = 0; at < columns.size();) {
@@ -60,16 +62,30 @@ std::string oddRowQuery(const TableDef& table) {
         const std::string c = columns.substr(at, end - at);
         at = end + 2;
         if (c == "PlayerName" || c == "DateWon") {
-            const std::string most = c == "PlayerName" ? "20" : "10";
-            cases += " WHEN typeof(" + c + ") <> 'text' OR length(" + c + ") > " + most + " THEN 'its " + c +
-                     " is no text of at most " + most + " characters'";
+            const std::string most = std::to_string(c == "PlayerName" ? HallOfFame::kNameLength : 10);
+            cases += " WHEN NOT record_text(" + c + ", " + most + ") THEN 'its " + c + " is no text of at most " +
+                     most + " characters'";
         } else {
             cases += " WHEN typeof(" + c + ") <> 'integer' OR " + c +
-                     " NOT BETWEEN -2147483648 AND 2147483647 THEN 'its " + c + " is no whole number of 32 bits'";
+                     " NOT BETWEEN -32768 AND 32767 THEN 'its " + c + " is no whole number of 16 bits'";
         }
     }
-    return "SELECT odd FROM (SELECT CASE" + cases + " END AS odd FROM [" + table.name +
-           "]) WHERE odd IS NOT NULL LIMIT 1";
+    return "CASE" + cases + " END";
+}
+
+// The condition that keeps a table's records and leaves out every other row.
+std::string records(const TableDef& table) { return "(" + oddRowCase(table) + ") IS NULL"; }
+
+// record_text(value, most): whether a value is text, well-formed, of at most `most` characters.
+void recordText(sqlite3_context* context, int, sqlite3_value** args) {
+    bool fits = false;
+    if (sqlite3_value_type(args[0]) == SQLITE_TEXT) {
+        const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(args[0]));
+        const std::string_view value(text ? text : "", static_cast<std::size_t>(sqlite3_value_bytes(args[0])));
+        const auto most = static_cast<std::size_t>(std::max(0, sqlite3_value_int(args[1])));
+        fits = isWellFormedUtf8(value) && firstCharacters(value, most).size() == value.size();
+    }
+    sqlite3_result_int(context, fits);
 }
 
 // The rollback journal keeps the records in one file between runs, and a hot journal left by a
@@ -95,6 +111,8 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
         // elsewhere could run without end, or change rows behind the game's back: none runs.
         sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
         sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+        sqlite3_create_function_v2(db, "record_text", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
+                                   nullptr, recordText, nullptr, nullptr, nullptr);
         o.rc = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
         // A write-protected file opens read-only without a word; refuse it here, not at a write.
         // So does a file whose header marks a format newer than SQLite may write, which no
@@ -279,8 +297,9 @@ void HallOfFame::exec(const std::string& sql) {
     if (rc != SQLITE_OK) fail(rc);
 }
 
+// The records of a table, rows that no game wrote being left out.
 int HallOfFame::rowCount(const TableDef& table) {
-    SqliteStatement count(database(), std::string("SELECT count(*) FROM [") + table.name + "]");
+    SqliteStatement count(database(), std::string("SELECT count(*) FROM [") + table.name + "] WHERE " + records(table));
     prepared(count);
     const int rc = count.step();
     if (rc != SQLITE_ROW) fail(rc);
@@ -288,10 +307,10 @@ int HallOfFame::rowCount(const TableDef& table) {
 }
 
 // A file made or changed elsewhere may hold a view in a table's place, whose rows may never
-// end, or rows that the game never writes: text or nothing where a number belongs, a fraction,
-// a number beyond 32 bits, a name far too long. Such rows would show, sort and compare as no
-// record does, so their table is not read as records at all: the operation fails, telling
-// why, and the file stays as it is.
+// end: such a table is not read at all, the operation failing with why. Rows that the game
+// never writes (text or nothing where a number belongs, a fraction, a number beyond 16 bits, a
+// name far too long) would show, sort and compare as no record does: they are left out of every
+// operation and told, and the file keeps them as they are.
 int HallOfFame::recordCount(const TableDef& table) {
     {
         SqliteStatement kind(database(), "SELECT type FROM sqlite_master WHERE name = ?1 COLLATE NOCASE");
@@ -302,14 +321,28 @@ int HallOfFame::recordCount(const TableDef& table) {
                                                (kind.text(0) == "index" ? "an " : "a ") + kind.text(0) +
                                                ", not a table"};
     }
-    SqliteStatement odd(database(), oddRowQuery(table));
-    prepared(odd);
-    const int rc = odd.step();
-    if (rc == SQLITE_ROW)
-        throw Failure{SQLITE_MISMATCH, std::string("a row of ") + table.name + " is no record of the game (" +
-                                           odd.text(0) + ")"};
-    if (rc != SQLITE_DONE) fail(rc);
-    return rowCount(table);
+    SqliteStatement rows(database(), "SELECT count(*) - count(odd), count(odd), min(odd) FROM (SELECT " +
+                                         oddRowCase(table) + " AS odd FROM [" + table.name + "])");
+    prepared(rows);
+    const int rc = rows.step();
+    if (rc != SQLITE_ROW) fail(rc);
+    if (const int odd = rows.integer(1); odd > 0) {
+        const bool one = odd == 1;
+        leftOut_ = "The Hall of Fame file \"" + path().string() + "\" holds " + std::to_string(odd) +
+                   (one ? " row of " : " rows of ") + table.name + " that no game could have written (" +
+                   (one ? "" : "one of them: ") + rows.text(2) + ").\n\n" +
+                   (one ? "It is left out of the table, and the file keeps it as it is."
+                        : "They are left out of the table, and the file keeps them as they are.");
+    }
+    return rows.integer(0);
+}
+
+// Rows left out by the operation that has just run are told once it is over, so that no box
+// stands while the file is held.
+void HallOfFame::tellLeftOut() {
+    if (leftOut_.empty()) return;
+    tellOnce(leftOut_);
+    leftOut_.clear();
 }
 
 // One write, whole or not at all: a failure inside rolls back.
@@ -338,8 +371,9 @@ bool HallOfFame::IsHighScore(int GameType, int Score) {
             return;
         }
         // Compared on Score even where the order is by ScoreAverage, as the tables always have been.
-        SqliteStatement last(gHOFDatabase_, std::string("SELECT Score FROM [") + table.name + "] ORDER BY " +
-                                                table.order + " LIMIT 1 OFFSET " + std::to_string(bar.rows - 1));
+        SqliteStatement last(gHOFDatabase_, std::string("SELECT Score FROM [") + table.name + "] WHERE " +
+                                                records(table) + " ORDER BY " + table.order + " LIMIT 1 OFFSET " +
+                                                std::to_string(bar.rows - 1));
         prepared(last);
         const int rc = last.step();
         if (rc != SQLITE_ROW) fail(rc);
@@ -347,6 +381,7 @@ bool HallOfFame::IsHighScore(int GameType, int Score) {
         high = Score > bar.lowest;
         bar_.remember(tournament, stamp, bar);
     });
+    tellLeftOut();
     return high;
 }
 
@@ -362,7 +397,8 @@ std::string HallOfFame::GetHallOfFame(int GameType) {
         rows.clear();
         recordCount(table);
         SqliteStatement query(database(), std::string("SELECT ") + table.columns + " FROM [" + table.name +
-                                              "] ORDER BY " + table.order + " LIMIT " + std::to_string(kRows));
+                                              "] WHERE " + records(table) + " ORDER BY " + table.order + " LIMIT " +
+                                              std::to_string(kRows));
         prepared(query);
         int rc;
         while ((rc = query.step()) == SQLITE_ROW) {
@@ -372,6 +408,7 @@ std::string HallOfFame::GetHallOfFame(int GameType) {
         }
         if (rc != SQLITE_DONE) fail(rc);
     });
+    tellLeftOut();
     std::string text;
     for (int row = 0; row < kRows; ++row) {
         for (int field = 0; field < fields; ++field) {
@@ -395,24 +432,29 @@ void HallOfFame::AddHallOfFameEntry(const std::string& PlayerName, int Score, in
             const int rows = rowCount(table);
             if (rows > kRows)
                 exec(std::string("DELETE FROM [") + table.name + "] WHERE rowid = (SELECT rowid FROM [" + table.name +
-                     "] ORDER BY " + table.order + " LIMIT 1 OFFSET " + std::to_string(rows - 1) + ")");
+                     "] WHERE " + records(table) + " ORDER BY " + table.order + " LIMIT 1 OFFSET " +
+                     std::to_string(rows - 1) + ")");
         });
     });
+    tellLeftOut();
 }
 
 void HallOfFame::insertRow(const TableDef& table, const std::string& PlayerName, int Score, int YakuCount,
                            int RoundsWon, int Rounds) {
     SqliteStatement insert(database(), table.insert);
     prepared(insert);
-    insert.bind(1, PlayerName);
+    // What is stored is always a record: a whole name, and numbers of 16 bits, which only a
+    // tournament of far more rounds than Setup allows could pass.
+    const auto held = [](int value) { return std::clamp(value, -32768, 32767); };
+    insert.bind(1, firstCharacters(wellFormedUtf8(PlayerName), kNameLength));
     insert.bind(2, host_.dateText());
-    insert.bind(3, Score);
-    insert.bind(4, YakuCount);
+    insert.bind(3, held(Score));
+    insert.bind(4, held(YakuCount));
     if (Rounds != 0) {
-        insert.bind(5, RoundsWon);
-        insert.bind(6, Rounds);
-        insert.bind(7, storedAverage(Score, Rounds));
-        insert.bind(8, storedAverage(YakuCount, Rounds));
+        insert.bind(5, held(RoundsWon));
+        insert.bind(6, held(Rounds));
+        insert.bind(7, storedAverage(held(Score), held(Rounds)));
+        insert.bind(8, storedAverage(held(YakuCount), held(Rounds)));
     }
     const int rc = insert.step();
     if (rc != SQLITE_DONE) fail(rc);
