@@ -107,20 +107,26 @@ std::string SettingsTarget::afterStart(FileRig& rig, const std::string& bytes) {
     }
     FrmMain& f = rig.f();
     if (std::string broken = outOfRange(f); !broken.empty()) return broken;
-    std::array<int, 4> values{};
+    SettingsText read;
     try {
-        values = f.settings.ReadSettings();
+        if (f.settings.ReadSettings() != (read = parseSettings(bytes, rig.file(Gardenia::kFileName))).values)
+            return "the file reads as other values than its text";
     } catch (const FatalError& e) {
         return std::string("the file that the start read cannot be read again: ") + e.what();
     }
+    const std::array<int, 4>& values = read.values;
     if (written && values != *written) return "a file as the program writes it reads as other values";
     const Globals& g = f.g;
     const bool told = !boxes.empty() &&
                       boxes[0].text.find(file + " holds values that the game cannot play with") != std::string::npos;
     if (boxes.size() > (told ? 1u : 0u)) return "a box at start: " + boxes.back().text;
-    if (g.gUseYaku != (values[2] != 0)) return "the yaku flag is not the file's";
-    const bool kept = g.gGameType == values[0] && g.gRounds == values[1];
-    const bool playable = (values[0] == 0 || values[0] == 1) && values[1] >= (values[0] == 1 ? 1 : 0);
+    // A line that holds no number takes its default, as a value the game cannot play with does.
+    const bool yakuKept = !read.noNumber[2] && g.gUseYaku == (values[2] != 0);
+    if (read.noNumber[2] && !g.gUseYaku) return "a yaku flag of no number is not its default";
+    if (!read.noNumber[2] && !yakuKept) return "the yaku flag is not the file's";
+    const bool numbers = !read.noNumber[0] && !read.noNumber[1] && !read.noNumber[2];
+    const bool kept = numbers && g.gGameType == values[0] && g.gRounds == values[1] && yakuKept;
+    const bool playable = numbers && (values[0] == 0 || values[0] == 1) && values[1] >= (values[0] == 1 ? 1 : 0);
     if (playable && !kept) return "a value that the game plays with was replaced";
     if (kept == told)
         return kept ? "a box about values that stand as read" : "a value other than the file's without a word";
