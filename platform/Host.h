@@ -13,8 +13,10 @@ class Form;
 class Socket;
 
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
-enum class MsgButtons { OK, OKCancel, YesNo, YesNoCancel, RetryCancel };
-enum class MsgResult { OK, Cancel, Yes, No, Retry };
+// RestoreDefaultsClose: a file of the program's that cannot be read, which the player may put
+// aside for its defaults, or close the program.
+enum class MsgButtons { OK, OKCancel, YesNo, YesNoCancel, RetryCancel, RestoreDefaultsClose };
+enum class MsgResult { OK, Cancel, Yes, No, Retry, RestoreDefaults, Close };
 
 struct MsgBox {
     std::string text;

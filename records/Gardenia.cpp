@@ -82,12 +82,36 @@ void Gardenia::LoadSettings() {
         WriteSettings(0, 10, -1, 0);
         return;
     }
-    const SettingsText text = read();
+    SettingsText text;
+    try {
+        text = read();
+    } catch (const FatalError& failure) {
+        restoreDefaultsOrClose(failure);
+        return;
+    }
     g_.gGameType = text.values[0];
     g_.gRounds = text.values[1];
     g_.gUseYaku = text.values[2] != 0;
     g_.gPlayMode = 0;
     replaceUnplayable(text.noNumber);
+}
+
+// A file that cannot be read used to end the program at every start until it was mended by
+// hand. Beside Close, which ends as before, the player may put it aside under a name of its own
+// and play on with the defaults.
+void Gardenia::restoreDefaultsOrClose(const FatalError& failure) {
+    const std::string aside = freeAsideName(path(), ".bad").filename().string();
+    const std::string text = std::string(failure.what()) + "\n\nRestore Defaults keeps it as \"" + aside +
+                             "\" beside it and goes on with the usual options; Close ends the program.";
+    if (host_.msgBox({text, failure.title(), MsgIcon::Exclamation, MsgButtons::RestoreDefaultsClose}) !=
+        MsgResult::RestoreDefaults) {
+        host_.endProgramAfterFailure();
+        throw failure;  // unwinds the start; the program ends without a second box
+    }
+    std::filesystem::path kept;
+    if (const FileFailure moved = moveAside(path(), ".bad", kept))
+        fail(path(), "cannot be " + moved.operation + " to \"" + kept.string() + "\": " + moved.reason + ".");
+    WriteSettings(0, 10, -1, 0);
 }
 
 // Values stand as read wherever the game can play with them. A line that holds no number, a

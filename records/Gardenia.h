@@ -6,6 +6,7 @@
 
 namespace petal {
 
+class FatalError;
 class Host;
 struct Globals;
 
@@ -31,6 +32,7 @@ public:
 
 private:
     SettingsText read() const;
+    void restoreDefaultsOrClose(const FatalError& failure);
     void replaceUnplayable(const std::array<bool, 4>& noNumber);
 
     Host& host_;

@@ -101,19 +101,40 @@ TEST_F(Settings, WriteSettingsWritesAsGivenAndSetsTheCaptionByPlayMode) {
     EXPECT_TRUE(program->g.gUseYaku);
 }
 
-TEST_F(Settings, BrokenFilesEndTheProgramWithAMessageNamingTheFile) {
-    const std::string cases[] = {"", "\r\n", "0\r\n10\r\n-1\r\n0\r\n5\r\n", "0\r\n99999\r\n"};
-    for (const std::string& bytes : cases) {
+// A file that cannot be read used to end the program after one OK, at every start, until it was
+// mended by hand. Close still ends it so; Restore Defaults keeps the file aside, never over an
+// earlier one, and the game goes on with the defaults.
+TEST_F(Settings, AFileThatCannotBeReadOffersRestoreDefaultsOrClose) {
+    const std::string cases[] = {"", "\r\n", "0\r\n10\r\n-1\r\n0\r\n5\r\n", "0\r\n99999\r\n", std::string(5000, '1')};
+    for (const MsgResult answer : {MsgResult::Close, MsgResult::RestoreDefaults}) {
         TempDir other;
-        program.reset();
-        host = std::make_unique<SimHost>(other.path());
-        std::ofstream(other.path() / "GARDENIA.ini", std::ios::binary) << bytes;
-        failure = {};
-        startGuarded();
-        EXPECT_TRUE(host->ending()) << bytes;
-        EXPECT_NE(host->exitStatus(), 0) << "an end after a failure";
-        EXPECT_THAT(failure.text, HasSubstr((other.path() / "GARDENIA.ini").string()));
-        EXPECT_EQ(failure.icon, MsgIcon::Exclamation);
+        const auto file = other.path() / "GARDENIA.ini";
+        for (std::size_t i = 0; i < std::size(cases); ++i) {
+            program.reset();
+            host = std::make_unique<SimHost>(other.path());
+            std::ofstream(file, std::ios::binary) << cases[i];
+            std::vector<MsgBox> told;
+            host->onMsgBox = [&](const MsgBox& box) {
+                told.push_back(box);
+                return answer;
+            };
+            runHandler(*host, [this] { start(); });
+            ASSERT_EQ(told.size(), 1u) << cases[i];
+            EXPECT_EQ(told[0].buttons, MsgButtons::RestoreDefaultsClose);
+            EXPECT_EQ(told[0].icon, MsgIcon::Exclamation);
+            EXPECT_THAT(told[0].text, HasSubstr("\"" + file.string() + "\" cannot be read: "));
+            EXPECT_EQ(host->ending(), answer == MsgResult::Close);
+            if (answer == MsgResult::Close) {
+                EXPECT_NE(host->exitStatus(), 0) << "an end after a failure";
+                EXPECT_EQ(fileText(file), cases[i]);
+                continue;
+            }
+            const std::string aside = "GARDENIA.ini.bad" + (i ? std::to_string(i + 1) : std::string());
+            EXPECT_THAT(told[0].text, HasSubstr("Restore Defaults keeps it as \"" + aside + "\""));
+            EXPECT_EQ(fileText(other.path() / aside), cases[i]);
+            EXPECT_EQ(fileText(file), "0\r\n10\r\n-1\r\n0\r\n");
+            EXPECT_EQ(program->g.gRounds, 10);
+        }
     }
 }
 

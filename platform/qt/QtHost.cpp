@@ -110,13 +110,19 @@ MsgResult QtHost::msgBox(const MsgBox& box) {
             dialog.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
             break;
         case MsgButtons::RetryCancel: dialog.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel); break;
+        case MsgButtons::RestoreDefaultsClose:
+            dialog.setStandardButtons(QMessageBox::RestoreDefaults | QMessageBox::Close);
+            dialog.setDefaultButton(QMessageBox::RestoreDefaults);
+            break;
     }
     switch (dialog.exec()) {
         case QMessageBox::Ok: return MsgResult::OK;
         case QMessageBox::Yes: return MsgResult::Yes;
         case QMessageBox::No: return MsgResult::No;
         case QMessageBox::Retry: return MsgResult::Retry;
-        default: return MsgResult::Cancel;
+        case QMessageBox::RestoreDefaults: return MsgResult::RestoreDefaults;
+        case QMessageBox::Close: return MsgResult::Close;
+        default: return box.buttons == MsgButtons::RestoreDefaultsClose ? MsgResult::Close : MsgResult::Cancel;
     }
 }
 
