@@ -61,6 +61,9 @@ public:
     // Where the files delivered with the program lie (its help): beside it, or in the shared
     // data folder of an installed copy.
     virtual std::filesystem::path helpFolder() = 0;
+    // What the player is to be told, once, of where the program's files went (they could not
+    // stay in its folder); empty when they stand where they stood.
+    virtual std::string filesMoved() { return {}; }
 
     // Shows the main window, non-modally; the splash does so from its load.
     virtual void showMainForm() = 0;
