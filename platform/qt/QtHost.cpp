@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
@@ -118,8 +119,7 @@ void QtHost::modelChanged() {
 MsgResult QtHost::msgBox(const MsgBox& box) {
     if (ending()) return MsgResult::Cancel;
     if (onModelChanged) onModelChanged();
-    const int widest = tableArea && mainWidget_ && mainWidget_->isVisible() ? tableArea().width() : 0;
-    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, widest, [this](QSize size) { return overTable(size); });
+    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, widestBox(), [this](QSize size) { return overTable(size); });
     dialog.setWindowTitle(QString::fromStdString(box.title));
     dialog.setText(QString::fromStdString(box.text));
     switch (box.icon) {
@@ -170,6 +170,14 @@ void QtHost::showModal(Form& form) {
     open_.pop_back();
     if (form.loaded()) form.Unload();
     delete dialog;
+}
+
+// Over the table a box is as wide as the table at most; before the table shows (the boxes of the
+// start), as wide as a box of a few lines reads well.
+int QtHost::widestBox() const {
+    if (tableArea && mainWidget_ && mainWidget_->isVisible()) return tableArea().width();
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return std::min(kWidestAlone, screen ? screen->availableGeometry().width() / 2 : kWidestAlone);
 }
 
 // Centred on the table; one wider than the table keeps its right edge there, so that the score
