@@ -122,7 +122,8 @@ std::string HallOfFameTarget::checkBoxes(FileRig& rig, const HofSnapshot& before
         if (!seen.insert(box.text).second) return "a box told twice: " + shown;
         if (box.title == "Invalid Password") return "a file told as a password error: " + shown;
         if (box.title == "Hall of Fame" && box.buttons == MsgButtons::OK && leftOut(box)) {
-            const std::string holds = "The Hall of Fame file \"" + rig.file(HallOfFame::kFileName).string() + "\" holds ";
+            const std::string holds =
+                "The Hall of Fame file \"" + rig.file(HallOfFame::kFileName).string() + "\" holds ";
             if (box.text.rfind(holds, 0) != 0 || box.text.back() != '.')
                 return "a box of rows left out that does not name the file or why: " + shown;
             continue;
@@ -149,7 +150,8 @@ std::string HallOfFameTarget::checkPages(FileRig& rig, const HofPages& pages, in
                                          const HofSnapshot& file) const {
     const bool unread = anyBox(rig, " cannot be read: ") || anyBox(rig, " cannot be opened: ");
     for (int t = 0; t < 2; ++t) {
-        const bool told = unread || anyBox(rig, std::string(" of ") + kTableNames[t] + " that no game could have written");
+        const bool told =
+            unread || anyBox(rig, std::string(" of ") + kTableNames[t] + " that no game could have written");
         if (std::string broken = pages.check(t, gameType, file.tables[t], told); !broken.empty()) return broken;
     }
     return "";

@@ -11,6 +11,7 @@
 
 #include "platform/Host.h"
 #include "records/Characters.h"
+#include "records/RecordRows.h"
 #include "records/SqliteStatement.h"
 
 namespace petal {
@@ -51,42 +52,8 @@ const TableDef kTournament = {
 
 const TableDef& tableFor(bool tournament) { return tournament ? kTournament : kSingle; }
 
-// Why a row is no record that the game can have written, or NULL for a record: a name of at
-// most 20 characters and a date text of at most 10, both well-formed, every number whole and of
-// 16 bits, as the game's own values are.
-std::string oddRowCase(const TableDef& table) {
-    std::string cases;
-    const std::string columns = table.columns;
-    for (std::size_t at = 0; at < columns.size();) {
-        const std::size_t end = std::min(columns.find(", ", at), columns.size());
-        const std::string c = columns.substr(at, end - at);
-        at = end + 2;
-        if (c == "PlayerName" || c == "DateWon") {
-            const std::string most = std::to_string(c == "PlayerName" ? HallOfFame::kNameLength : 10);
-            cases += " WHEN NOT record_text(" + c + ", " + most + ") THEN 'its " + c + " is no text of at most " +
-                     most + " characters'";
-        } else {
-            cases += " WHEN typeof(" + c + ") <> 'integer' OR " + c +
-                     " NOT BETWEEN -32768 AND 32767 THEN 'its " + c + " is no whole number of 16 bits'";
-        }
-    }
-    return "CASE" + cases + " END";
-}
-
 // The condition that keeps a table's records and leaves out every other row.
-std::string records(const TableDef& table) { return "(" + oddRowCase(table) + ") IS NULL"; }
-
-// record_text(value, most): whether a value is text, well-formed, of at most `most` characters.
-void recordText(sqlite3_context* context, int, sqlite3_value** args) {
-    bool fits = false;
-    if (sqlite3_value_type(args[0]) == SQLITE_TEXT) {
-        const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(args[0]));
-        const std::string_view value(text ? text : "", static_cast<std::size_t>(sqlite3_value_bytes(args[0])));
-        const auto most = static_cast<std::size_t>(std::max(0, sqlite3_value_int(args[1])));
-        fits = isWellFormedUtf8(value) && firstCharacters(value, most).size() == value.size();
-    }
-    sqlite3_result_int(context, fits);
-}
+std::string records(const TableDef& table) { return recordsOnly(table.columns); }
 
 // The rollback journal keeps the records in one file between runs, and a hot journal left by a
 // crash is rolled back at the next open; FULL syncs make each commit durable before it returns.
@@ -111,8 +78,7 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
         // elsewhere could run without end, or change rows behind the game's back: none runs.
         sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
         sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
-        sqlite3_create_function_v2(db, "record_text", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
-                                   nullptr, recordText, nullptr, nullptr, nullptr);
+        addRecordFunctions(db);
         o.rc = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
         // A write-protected file opens read-only without a word; refuse it here, not at a write.
         // So does a file whose header marks a format newer than SQLite may write, which no
@@ -218,7 +184,8 @@ void HallOfFame::OpenExistingDatabase() {
             return;
         }
         unreachable_ = o.reason;
-        const std::string cause = "The Hall of Fame file \"" + path().string() + "\" cannot be opened: " + o.reason + ".";
+        const std::string cause =
+            "The Hall of Fame file \"" + path().string() + "\" cannot be opened: " + o.reason + ".";
         if (!accessDenied(o)) {
             tellOnce(cause + "\n\nThe game goes on without it.");
             return;
@@ -299,7 +266,8 @@ void HallOfFame::exec(const std::string& sql) {
 
 // The records of a table, rows that no game wrote being left out.
 int HallOfFame::rowCount(const TableDef& table) {
-    SqliteStatement count(database(), std::string("SELECT count(*) FROM [") + table.name + "] WHERE " + records(table));
+    SqliteStatement count(database(),
+                          std::string("SELECT count(*) FROM [") + table.name + "] WHERE " + records(table));
     prepared(count);
     const int rc = count.step();
     if (rc != SQLITE_ROW) fail(rc);
@@ -322,7 +290,7 @@ int HallOfFame::recordCount(const TableDef& table) {
                                                ", not a table"};
     }
     SqliteStatement rows(database(), "SELECT count(*) - count(odd), count(odd), min(odd) FROM (SELECT " +
-                                         oddRowCase(table) + " AS odd FROM [" + table.name + "])");
+                                         oddRowCase(table.columns) + " AS odd FROM [" + table.name + "])");
     prepared(rows);
     const int rc = rows.step();
     if (rc != SQLITE_ROW) fail(rc);

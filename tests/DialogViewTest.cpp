@@ -122,7 +122,8 @@ TEST_F(DialogView, TheHallOfFameKeepsOneWidthAsItsRowsFillAndTheWidestValuesFit)
             width = dialog->width();
             for (const char* page : {"Next", "Previous"}) {
                 for (auto* label : dialog->findChildren<QLabel*>())
-                    if (!label->text().isEmpty() && label->sizeHint().width() > label->width()) *clipped << label->text();
+                    if (!label->text().isEmpty() && label->sizeHint().width() > label->width())
+                        *clipped << label->text();
                 button(dialog, page)->click();
             }
             button(dialog, "Close")->click();

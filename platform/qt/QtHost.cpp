@@ -119,7 +119,8 @@ void QtHost::modelChanged() {
 MsgResult QtHost::msgBox(const MsgBox& box) {
     if (ending()) return MsgResult::Cancel;
     if (onModelChanged) onModelChanged();
-    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, widestBox(), [this](QSize size) { return overTable(size); });
+    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, widestBox(),
+                   [this](QSize size) { return overTable(size); });
     dialog.setWindowTitle(QString::fromStdString(box.title));
     dialog.setText(QString::fromStdString(box.text));
     switch (box.icon) {
