@@ -70,12 +70,13 @@ void Computer::endTurn() {
     if (!(m.mPlayerPlays == 8 && m.mCompPlays == 8)) {
         f_.tmrComputer.setEnabled(false);
         handMarkersToLocal();
-        return;
+    } else {
+        // Both hands are empty: the timer stays on for exactly one more tick, which ends the deal.
+        f_.ctl.panel[1].imgTurn.Visible = false;
+        f_.ctl.panel[0].imgTurn.Visible = false;
+        if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = true;
     }
-    // Both hands are empty: the timer stays on for exactly one more tick, which ends the deal.
-    f_.ctl.panel[1].imgTurn.Visible = false;
-    f_.ctl.panel[0].imgTurn.Visible = false;
-    if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = true;
+    f_.journal.computerTurnEnded();
 }
 
 void Computer::closingTick() {

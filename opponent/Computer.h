@@ -1,4 +1,5 @@
 #pragma once
+#include <string_view>
 
 namespace petal {
 
@@ -9,6 +10,9 @@ class FrmMain;
 class Computer {
 public:
     explicit Computer(FrmMain& f) : f_(f) {}
+
+    // Whether this build has the computer that the options name by kind ("standard").
+    static bool plays(std::string_view kind) { return kind == "standard"; }
 
     void tmrComputer_Timer();
     void CompSelectCard();

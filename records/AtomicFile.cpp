@@ -1,7 +1,6 @@
 #include "records/AtomicFile.h"
 
 #include <fcntl.h>
-#include <stdio.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -63,27 +62,6 @@ FileFailure writeFileAtomically(const std::filesystem::path& file, const std::st
     if (!error) return {};
     ::unlink(temp.c_str());
     return failed(operation, error);
-}
-
-std::filesystem::path freeAsideName(const std::filesystem::path& file, const std::string& suffix) {
-    for (int n = 1;; ++n) {
-        std::filesystem::path aside = file.string() + suffix + (n > 1 ? std::to_string(n) : "");
-        std::error_code ec;
-        if (!std::filesystem::exists(std::filesystem::symlink_status(aside, ec)) || n == 1000) return aside;
-    }
-}
-
-FileFailure moveAside(const std::filesystem::path& file, const std::string& suffix, std::filesystem::path& aside) {
-    for (int tries = 0; tries < 1000; ++tries) {
-        aside = freeAsideName(file, suffix);
-        if (::renameat2(AT_FDCWD, file.c_str(), AT_FDCWD, aside.c_str(), RENAME_NOREPLACE) == 0) return {};
-        if (errno == EEXIST) continue;  // taken since it was found free
-        if (errno != EINVAL && errno != ENOSYS) return failed("moved", errno);
-        // A file system that cannot refuse to replace: the name was free a moment ago.
-        if (::rename(file.c_str(), aside.c_str()) == 0) return {};
-        return failed("moved", errno);
-    }
-    return failed("moved", EEXIST);
 }
 
 bool readFileBounded(const std::filesystem::path& file, std::size_t limit, std::string& bytes, FileFailure& failure) {

@@ -7,7 +7,7 @@
 namespace petal {
 
 struct FileFailure {
-    std::string operation;  // "created", "written", "replaced", "moved"
+    std::string operation;  // "created", "written", "replaced"
     std::string reason;     // empty when the write succeeded
     explicit operator bool() const { return !reason.empty(); }
 };
@@ -15,12 +15,6 @@ struct FileFailure {
 // A symbolic link is written through to the file it names; an existing file keeps its mode,
 // and one that is not a plain file, or that its user made read-only, is refused.
 FileFailure writeFileAtomically(const std::filesystem::path& file, const std::string& bytes);
-
-// Renames a file to the first of "<file><suffix>", "<file><suffix>2", ... that is free, never
-// replacing another file; aside is the name it took.
-FileFailure moveAside(const std::filesystem::path& file, const std::string& suffix, std::filesystem::path& aside);
-// The name that moveAside would give the file now.
-std::filesystem::path freeAsideName(const std::filesystem::path& file, const std::string& suffix);
 
 // Reads at most limit bytes and one more, so a caller can tell a file that is far too long.
 // On failure returns false with the operation and the reason.

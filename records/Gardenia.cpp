@@ -7,6 +7,7 @@
 #include "platform/FatalError.h"
 #include "platform/Host.h"
 #include "records/AtomicFile.h"
+#include "records/SetAside.h"
 
 namespace petal {
 
@@ -100,7 +101,7 @@ void Gardenia::LoadSettings() {
 // hand. Beside Close, which ends as before, the player may put it aside under a name of its own
 // and play on with the defaults.
 void Gardenia::restoreDefaultsOrClose(const FatalError& failure) {
-    const std::string aside = freeAsideName(path(), ".bad").filename().string();
+    const std::string aside = asideName(path()).filename().string();
     const std::string text = std::string(failure.what()) + "\n\nRestore Defaults keeps it as \"" + aside +
                              "\" beside it and goes on with the usual options; Close ends the program.";
     if (host_.msgBox({text, failure.title(), MsgIcon::Exclamation, MsgButtons::RestoreDefaultsClose}) !=
@@ -108,9 +109,8 @@ void Gardenia::restoreDefaultsOrClose(const FatalError& failure) {
         host_.endProgramAfterFailure();
         throw failure;  // unwinds the start; the program ends without a second box
     }
-    std::filesystem::path kept;
-    if (const FileFailure moved = moveAside(path(), ".bad", kept))
-        fail(path(), "cannot be " + moved.operation + " to \"" + kept.string() + "\": " + moved.reason + ".");
+    std::string why;
+    if (setAside(path(), why).empty()) fail(path(), "cannot be set aside: " + why + ".");
     WriteSettings(0, 10, -1, 0);
 }
 

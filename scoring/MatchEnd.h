@@ -13,6 +13,8 @@ public:
     void EndMatch();
     void CheckWinLose();
     void EndComment();
+    // A side's score in the round just played, as its total label shows it.
+    int scoreOf(int side) const;
 
 private:
     void sweepClaim();
@@ -27,7 +29,7 @@ private:
     void showScoreCard();
     void offerSingleHighScore(int p);
     void offerTournamentHighScore();
-    int scoreOf(int side) const;
+    void playRoundSound(int p, int c);
 
     FrmMain& f_;
 };

@@ -1,6 +1,7 @@
 #include "engine/table_view/TablePainter.h"
 
 #include <QPainter>
+#include <algorithm>
 
 #include "assets/PictureStore.h"
 
@@ -33,7 +34,7 @@ void TablePainter::paintBackground(PictureId picture, QSizeF viewSize) {
 
 void TablePainter::paintItems(const std::vector<TableView::Item>& list, QPointF origin) {
     for (const TableView::Item& item : list) {
-        if (!item.control->Visible) continue;
+        if (!item.control->Visible || std::find(hidden_.begin(), hidden_.end(), item.control) != hidden_.end()) continue;
         paintItem(item, origin);
         if (item.children.empty()) continue;
         const QRectF inner = designRect(*item.control, origin);
@@ -73,6 +74,28 @@ void TablePainter::paintPicture(PictureId picture, const QRectF& area) {
         }
     }
     painter_.drawPixmap(area.topLeft(), pictures_.pixmap(picture, area.size(), scale_.dpr()));
+}
+
+// The rendering of the card's resting place: copied pixel for pixel while the card keeps its
+// size, scaled smoothly while it grows, shrinks or turns.
+void TablePainter::paintFlight(const CardMotion::Drawn& card) {
+    const QRectF rest = scale_.map(card.target);
+    const QPixmap pixmap = pictures_.pixmap(card.picture, rest.size(), scale_.dpr());
+    QRectF area = scale_.map(card.rect);
+    const bool sameSize = card.rect.size() == card.target.size();
+    if (sameSize) area.setSize(rest.size());
+    const qreal radius = 3 * scale_.factor();
+    painter_.save();
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(QColor(0, 0, 0, 70));
+    painter_.drawRoundedRect(area.translated(2 * scale_.factor(), 3 * scale_.factor()), radius, radius);
+    if (sameSize) {
+        painter_.drawPixmap(area.topLeft(), pixmap);
+    } else {
+        painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter_.drawPixmap(area, pixmap, QRectF(pixmap.rect()));
+    }
+    painter_.restore();
 }
 
 // The yaku panel has no picture: a lacquer plate with a gold rim, like the others.

@@ -7,6 +7,8 @@
 #include "records/Gardenia.h"
 #include "records/HallOfFame.h"
 #include "records/OwnOptions.h"
+#include "records/SavedGame.h"
+#include "records/Statistics.h"
 
 namespace petal {
 
@@ -45,7 +47,8 @@ bool copyWhole(const std::filesystem::path& from, const std::filesystem::path& t
 // player is told of it, or nothing if the folder was known and nothing was copied.
 std::string copyIntoDataFolder(const std::filesystem::path& program, const std::filesystem::path& data, bool made) {
     std::string copied, failed;
-    for (const char* name : {Gardenia::kFileName, HallOfFame::kFileName, OwnOptions::kFileName}) {
+    for (const char* name : {Gardenia::kFileName, HallOfFame::kFileName, OwnOptions::kFileName, SavedGame::kFileName,
+                             Statistics::kFileName}) {
         std::error_code ec;
         if (!std::filesystem::is_regular_file(program / name, ec) || std::filesystem::exists(data / name, ec)) continue;
         if (copyWhole(program / name, data / name, ec)) copied += std::string(copied.empty() ? "" : ", ") + name;

@@ -4,13 +4,17 @@
 //                        [--start HH:MM:SS] [--trace]
 //   petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
 //                       [--faults K] [--trace]
+//   petalgarden-sim keep --folder DIR [--tournament R] [--yaku on|off] [--policy random:K]
+//                        [--start HH:MM:SS] [--dwell MS]
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "KeepPlay.h"
 #include "NetPlay.h"
 #include "TcpPlay.h"
 #include "SimPlay.h"
@@ -31,7 +35,9 @@ int usage() {
                  "       petalgarden-sim host [--port P] [--deals N] [--tournament R] [--yaku on|off]\n"
                  "                            [--policy first|random:K] [--speed X] [--stay] [--trace]\n"
                  "       petalgarden-sim join ADDRESS [--port P] [--deals N] [--policy first|random:K]\n"
-                 "                            [--speed X] [--trace]\n";
+                 "                            [--speed X] [--trace]\n"
+                 "       petalgarden-sim keep --folder DIR [--tournament R] [--yaku on|off] [--policy random:K]\n"
+                 "                            [--start HH:MM:SS] [--dwell MS]\n";
     return 2;
 }
 
@@ -128,6 +134,28 @@ int net(const std::vector<std::string>& args) {
     return petal::sim::net(o, std::cout, std::cerr);
 }
 
+// One game as the program keeps it, in a folder that outlives the process.
+int keep(const std::vector<std::string>& args) {
+    petal::sim::KeepOptions o;
+    int deals = 1;
+    bool random = true, trace = false;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const bool hasValue = i + 1 < args.size();
+        if (args[i] == "--folder" && hasValue) {
+            o.folder = args[++i];
+        } else if (args[i] == "--start" && hasValue && isTime(args[i + 1])) {
+            o.start = args[++i];
+        } else if (args[i] == "--dwell" && hasValue) {
+            o.dwellMs = static_cast<int>(petal::Val(args[++i]));
+        } else if (!commonOption(args, i, deals, o.tournamentRounds, o.yaku, random, o.policySeed, trace) || trace ||
+                   deals != 1) {
+            return usage();
+        }
+    }
+    if (o.folder.empty() || !std::filesystem::is_directory(o.folder)) return usage();
+    return petal::sim::keep(o, std::cout, std::cerr);
+}
+
 // One side over real TCP. The client takes the host's options, so it has none of its own.
 int tcp(bool host, const std::vector<std::string>& args) {
     petal::sim::TcpOptions o;
@@ -182,6 +210,7 @@ int main(int argc, char** argv) {
         }
         if (command == "play") return play(args);
         if (command == "net") return net(args);
+        if (command == "keep") return keep(args);
         if (command == "host" || command == "join") return tcp(command == "host", args);
     } catch (const std::exception& e) {
         std::cerr << "petalgarden-sim: " << e.what() << "\n";
