@@ -32,6 +32,10 @@ public:
     void showModal(Form& form) override;
     void refresh() override;
     void setMousePointer(int pointer) override { real_.setMousePointer(pointer); }
+    // A replayed game is silent: its moves were heard when they were made.
+    void playSound(const std::string& path) override {
+        if (!replaying_) real_.playSound(path);
+    }
     std::string timeText() override;
     std::string dateText() override { return real_.dateText(); }
     std::filesystem::path programFolder() override { return real_.programFolder(); }
