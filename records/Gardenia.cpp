@@ -55,6 +55,7 @@ std::string singleByteText(const std::string& bytes) {
 SettingsText parseSettings(const std::string& bytes, const std::filesystem::path& file) {
     const std::string text = singleByteText(bytes);
     SettingsText read;
+    bool anyNumber = false;
     std::size_t at = 0;
     for (std::size_t index = 0;; ++index) {
         if (index >= read.values.size()) fail(file, "cannot be read: it holds more than four numbers.");
@@ -66,9 +67,13 @@ SettingsText parseSettings(const std::string& bytes, const std::filesystem::path
         if (value < SHRT_MIN || value > SHRT_MAX) fail(file, "cannot be read: it holds a number out of range.");
         read.values[index] = static_cast<int>(value);
         read.noNumber[index] = !holdsNumber(token);
+        anyNumber = anyNumber || !read.noNumber[index];
         at = end == std::string::npos ? text.size() : end + 1;
         if (end != std::string::npos && text[end] == '\r' && at < text.size() && text[at] == '\n') ++at;
-        if (onlyBlanksFrom(text, at)) return read;
+        if (!onlyBlanksFrom(text, at)) continue;
+        // A file of NUL bytes, as a crash can leave, is no settings file: none of its values is the player's.
+        if (!anyNumber) fail(file, "cannot be read: no line of it holds a number.");
+        return read;
     }
 }
 

@@ -72,7 +72,6 @@ TEST_F(Settings, MissingNumbersReadAsZeroAndByteOrderMarksAreRead) {
         {"0\n0\n-1\n0\n\n\n", {0, 0, -1, 0}, "----"},
         {"0\r\n7abc\r\n5\r\n0", {0, 7, 5, 0}, "----"},
         {"1,,-\r\n", {1, 0, 0, 0}, "-xx-"},
-        {std::string(16, '\0'), {0, 0, 0, 0}, "x---"},
         {"\xEF\xBB\xBF" "1\r\n5\r\n-1\r\n0\r\n", {1, 5, -1, 0}, "----"},
         {utf16(true, "1\r\n5\r\n-1\r\n0\r\n"), {1, 5, -1, 0}, "----"},
         {utf16(false, "1\r\n12\r\n0\r\n0\r\n"), {1, 12, 0, 0}, "----"},
@@ -105,7 +104,9 @@ TEST_F(Settings, WriteSettingsWritesAsGivenAndSetsTheCaptionByPlayMode) {
 // mended by hand. Close still ends it so; Restore Defaults keeps the file aside, never over an
 // earlier one, and the game goes on with the defaults.
 TEST_F(Settings, AFileThatCannotBeReadOffersRestoreDefaultsOrClose) {
-    const std::string cases[] = {"", "\r\n", "0\r\n10\r\n-1\r\n0\r\n5\r\n", "0\r\n99999\r\n", std::string(5000, '1')};
+    // A file of NUL bytes used to read as 0/0/0 without a word.
+    const std::string cases[] = {"", "\r\n", "0\r\n10\r\n-1\r\n0\r\n5\r\n", "0\r\n99999\r\n",
+                                 std::string(5000, '1'), std::string(14, '\0')};
     for (const MsgResult answer : {MsgResult::Close, MsgResult::RestoreDefaults}) {
         TempDir other;
         const auto file = other.path() / "GARDENIA.ini";
@@ -193,9 +194,8 @@ TEST_F(Settings, UnplayableValuesTakeTheirDefaultAndAreTold) {
         {"1\r\n0\r\n-1\r\n0\r\n", 1, 10, true, {"line 2, the rounds, holds 0"}},
         {"1\r\n-4\r\n-1\r\n0\r\n", 1, 10, true, {"line 2, the rounds, holds -4"}},
         {"-1\r\n-2\r\n0\r\n0\r\n", 0, 10, false, {"line 1, the game type, holds -1", "line 2, the rounds, holds -2"}},
-        // Lines that hold no number used to read as 0 without a word: a file of NUL bytes as
-        // 0/0/0, a yaku flag of "x" as off.
-        {std::string(16, '\0'), 0, 0, false, {"line 1, the game type, holds no number: a single game (0)"}},
+        // Lines that hold no number used to read as 0 without a word: a yaku flag of "x" as off.
+        {"?\r\n3\r\n-1\r\n0\r\n", 0, 3, true, {"line 1, the game type, holds no number: a single game (0)"}},
         {"1\r\n8\r\nx\r\n0\r\n", 1, 8, true, {"line 3, the yaku flag, holds no number: yaku count (-1)"}},
     };
     for (const Case& c : cases) {
