@@ -27,6 +27,7 @@ FrmMain::FrmMain(Host& host_, Globals& g_, HallOfFame& hof_)
       yaku(*this),
       matchEnd(*this),
       computer(*this),
+      hint(*this),
       remote(*this),
       net(*this),
       connection(*this),

@@ -18,6 +18,7 @@
 #include "net/RemoteReplay.h"
 #include "net/WireProtocol.h"
 #include "opponent/Computer.h"
+#include "opponent/Hint.h"
 #include "records/Gardenia.h"
 #include "records/OwnOptions.h"
 #include "records/Statistics.h"
@@ -72,6 +73,7 @@ public:
     Yaku yaku;
     MatchEnd matchEnd;
     Computer computer;
+    Hint hint;
     RemoteReplay remote;
     WireProtocol net;
     Connection connection;
@@ -103,6 +105,10 @@ public:
     void mnuHAbout_Click();
     // Help has no call of its own: the entry presses F1 for the user, and F1 opens helpFile.
     void mnuHHelp_Click();
+    void mnuHint_Click() { hint.mnuHint_Click(); }
+    // The menu flags that follow the game's state rather than its events: the hint is offered
+    // exactly when a move of the player's waits in single play.
+    void syncMenu() { menu.mnuHint.Enabled = hint.offered(); }
 
     // Each takes away only the hand pointer, so the hourglass survives every mouse movement.
     void Form_MouseMove() { restoreArrow(); }

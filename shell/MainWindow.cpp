@@ -55,11 +55,13 @@ void MainWindow::runMenu(const MenuItem& item) {
         else if (&item == &menu.mnuStatistics) game_.mnuStatistics_Click();
         else if (&item == &menu.mnuHAbout) game_.mnuHAbout_Click();
         else if (&item == &menu.mnuHHelp) game_.mnuHHelp_Click();
+        else if (&item == &menu.mnuHint) game_.mnuHint_Click();
     });
 }
 
 void MainWindow::sync() {
     setWindowTitle(QString::fromStdString(game_.Caption));
+    game_.syncMenu();
     for (auto& [item, action] : actions_) {
         action->setEnabled(item->Enabled);
         // The mark follows the model, which the item's handler has turned.

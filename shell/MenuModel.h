@@ -18,6 +18,8 @@ struct MenuItem {
 
 struct MenuModel {
     MenuItem mnuSetup{"mnuSetup", "&Setup", ""};
+    // Ours: the strong computer's choice for the player, in single play on the player's turn.
+    MenuItem mnuHint{"mnuHint", "&Hint", "H", false};
     MenuItem mnuStatistics{"mnuStatistics", "S&tatistics", "F8"};
     MenuItem mnuSep0{"mnuSep0", "", ""};
     // Our own options, check items that are on until the options file says otherwise.
@@ -38,7 +40,8 @@ struct MenuModel {
         std::vector<MenuItem*> items;
     };
     std::vector<Menu> menus() {
-        return {{"mnuGame", "Game", {&mnuSetup, &mnuStatistics, &mnuSep0, &mnuSound, &mnuAnimations, &mnuSep1, &mnuExit}},
+        return {{"mnuGame", "Game",
+                 {&mnuSetup, &mnuHint, &mnuStatistics, &mnuSep0, &mnuSound, &mnuAnimations, &mnuSep1, &mnuExit}},
                 {"mnuView", "&View", {&mnuVChat, &mnuVScore, &mnuVHallofFame}},
                 {"mnuHelp", "&Help", {&mnuHAbout, &mnuHsep0, &mnuHHelp}}};
     }

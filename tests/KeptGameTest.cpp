@@ -99,8 +99,8 @@ TEST_F(KeptGame, ASaveThatCannotBeResumedIsToldSetAsideAndPlayGoesOn) {
         {"newer", [](std::string s) { return s.replace(s.find("version 1"), 9, "version 2"); }, "it was saved by a newer version of Petalgarden"},
         {"played otherwise", [](const std::string& s) { return changed(s, [](SavedGame& g) { g.entries[2].check ^= 1; }); },
          "this version of Petalgarden plays its move 3 otherwise"},
-        {"another computer", [](const std::string& s) { return changed(s, [](SavedGame& g) { g.options.computer = "strong"; }); },
-         "it is a game against a computer (\"strong\") that this version does not have"},
+        {"another computer", [](const std::string& s) { return changed(s, [](SavedGame& g) { g.options.computer = "expert"; }); },
+         "it is a game against a computer (\"expert\") that this version does not have"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
@@ -130,6 +130,21 @@ TEST_F(KeptGame, NoToTheQuestionDropsTheSavedGame) {
     EXPECT_THAT(told[0].text, HasSubstr("Resume your game? You "));
     EXPECT_FALSE(std::filesystem::exists(dir.path() / SavedGame::kFileName));
     EXPECT_TRUE(tableEmpty());
+}
+
+// A game against the strong computer is kept and resumes as one against the standard computer
+// does (its choices depend on the table alone, so the replay meets them again); its result
+// counts against that computer.
+TEST_F(KeptGame, AGameAgainstTheStrongComputerResumes) {
+    start(dir.path());
+    f->options.set(Computer::kOption, "strong");
+    play(5);
+    start(dir.path());
+    ASSERT_EQ(told.size(), 1u) << told.back().text;
+    EXPECT_THAT(told[0].text, HasSubstr("Resume your game? You "));
+    play(100);
+    ASSERT_EQ(ended.size(), 1u);
+    EXPECT_EQ(f->stats.games().back().opponent, "strong");
 }
 
 // Records made by this build, changed as a crash, another program or a newer build would.

@@ -1,7 +1,9 @@
 #include "engine/table_view/TablePainter.h"
 
 #include <QPainter>
+#include <QPainterPath>
 #include <algorithm>
+#include <cmath>
 
 #include "assets/PictureStore.h"
 
@@ -143,6 +145,43 @@ void TablePainter::paintFocusMark(const Control& control) {
     painter_.drawRoundedRect(area, radius, radius);
     painter_.setPen(QPen(QColor(255, 236, 150), scale_.line(2.5), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter_.drawRoundedRect(area, radius, radius);
+    painter_.restore();
+}
+
+}  // namespace petal
+
+namespace petal {
+
+// Green, which no frame of the game uses, and set a little outside the card, so that a selection
+// frame or the keys' mark on the same card still shows; the star tells it from both at a glance.
+void TablePainter::paintHintMark(const Control& control) {
+    const qreal gap = scale_.line(3);
+    const QRectF area = scale_.map(designRect(control, QPointF(0, 0))).adjusted(-gap, -gap, gap, gap);
+    const qreal radius = 4 * scale_.factor();
+    const QColor dark(20, 16, 10, 210), green(120, 226, 84);
+    painter_.save();
+    painter_.setBrush(Qt::NoBrush);
+    painter_.setPen(QPen(dark, scale_.line(6), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.drawRoundedRect(area, radius, radius);
+    painter_.setPen(QPen(green, scale_.line(3.5), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.drawRoundedRect(area, radius, radius);
+    const qreal r = 8 * scale_.factor();
+    const QPointF centre = area.topRight() + QPointF(-r * 0.4, r * 0.4);
+    painter_.setPen(QPen(dark, scale_.line(1.5)));
+    painter_.setBrush(green);
+    painter_.drawEllipse(centre, r, r);
+    QPainterPath star;
+    for (int i = 0; i < 10; ++i) {
+        const qreal angle = -M_PI / 2 + i * M_PI / 5;
+        const qreal reach = (i % 2 ? 0.38 : 0.8) * r;
+        const QPointF point = centre + QPointF(std::cos(angle) * reach, std::sin(angle) * reach);
+        if (i == 0) star.moveTo(point);
+        else star.lineTo(point);
+    }
+    star.closeSubpath();
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(QColor(255, 255, 240));
+    painter_.drawPath(star);
     painter_.restore();
 }
 

@@ -30,6 +30,8 @@ public:
     void paintFlight(const CardMotion::Drawn& card);
     // The mark of the place where the keys act, around a control of the form.
     void paintFocusMark(const Control& control);
+    // The hint's mark on a card of the form: a green ring with a star at its corner.
+    void paintHintMark(const Control& control);
 
 private:
     void paintItem(const TableView::Item& item, QPointF origin);

@@ -164,6 +164,9 @@ void TableView::paintEvent(QPaintEvent*) {
     table.paintItems(items(), QPointF(0, 0));
     for (const CardMotion::Drawn& card : motion_.drawn(now)) table.paintFlight(card);
     if (keys_.markShown()) table.paintFocusMark(keys_.focus().control(keys_.focus().place()));
+    const Hint::Marks hint = game_.hint.marks();
+    if (hint.hand >= 0) table.paintHintMark(game_.ctl.imgPCard.at(hint.hand));
+    if (hint.table >= 0) table.paintHintMark(game_.ctl.imgTCard.at(hint.table));
     // Frames follow one another only while a card moves: a still table costs nothing.
     if (!motion_.moving(now)) frames_.stop();
     else if (!frames_.isActive()) frames_.start();

@@ -1,7 +1,8 @@
 // petalgarden-sim: the game's core, headless on the simulated host.
 //   petalgarden-sim deal --seed HH:MM:SS [--network]
-//   petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
-//                        [--start HH:MM:SS] [--trace]
+//   petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off]
+//                        [--policy first|random:K|standard|strong] [--computer standard|strong]
+//                        [--start HH:MM:SS] [--trace] [--timing]
 //   petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
 //                       [--faults K] [--trace]
 //   petalgarden-sim keep --folder DIR [--tournament R] [--yaku on|off] [--policy random:K]
@@ -29,7 +30,8 @@ namespace {
 int usage() {
     std::cerr << "usage: petalgarden-sim deal --seed TEXT [--network]\n"
                  "       petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off]\n"
-                 "                            [--policy first|random:K] [--start HH:MM:SS] [--trace]\n"
+                 "                            [--policy first|random:K|standard|strong]\n"
+                 "                            [--computer standard|strong] [--start HH:MM:SS] [--trace] [--timing]\n"
                  "       petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off]\n"
                  "                           [--policy first|random:K] [--faults K] [--trace]\n"
                  "       petalgarden-sim host [--port P] [--deals N] [--tournament R] [--yaku on|off]\n"
@@ -110,8 +112,24 @@ bool commonOption(const std::vector<std::string>& args, std::size_t& i, int& dea
 int play(const std::vector<std::string>& args) {
     petal::sim::PlayOptions o;
     for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string next = i + 1 < args.size() ? args[i + 1] : "";
+        // Only play has a computer to play as, or to play against.
+        if (args[i] == "--policy" && (next == "standard" || next == "strong")) {
+            o.chooser = next == "strong" ? petal::sim::Chooser::Strong : petal::sim::Chooser::Standard;
+            ++i;
+            continue;
+        }
+        if (args[i] == "--timing") {
+            o.timing = true;
+            continue;
+        }
+        if (args[i] == "--computer" && (next == "standard" || next == "strong")) {
+            o.strongComputer = next == "strong";
+            ++i;
+            continue;
+        }
         if (commonOption(args, i, o.deals, o.tournamentRounds, o.yaku, o.randomPolicy, o.policySeed, o.trace)) continue;
-        if (args[i] == "--start" && i + 1 < args.size() && isTime(args[i + 1])) {
+        if (args[i] == "--start" && isTime(next)) {
             o.start = args[++i];
             continue;
         }
