@@ -1,5 +1,6 @@
 #include "engine/table_view/TableView.h"
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -10,6 +11,7 @@
 #include <optional>
 
 #include "assets/PictureStore.h"
+#include "engine/table_view/TableAccessible.h"
 #include "engine/table_view/TablePainter.h"
 #include "shell/FrmMain.h"
 #include "platform/qt/QtHost.h"
@@ -71,7 +73,9 @@ std::optional<TableKeys::Key> keyOf(const QKeyEvent& event, int& slot) {
 }  // namespace
 
 TableView::TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidget* parent)
-    : QWidget(parent), game_(game), host_(host), pictures_(pictures), keys_(game) {
+    : QWidget(parent), game_(game), host_(host), pictures_(pictures), keys_(game), narrator_(game) {
+    TableAccessible::install();
+    if (!game_.events) game_.events = &narrator_;
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -87,6 +91,11 @@ TableView::TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidge
         if (!motion_.moving(clock_())) frames_.stop();
         update();
     });
+    modelChanged();
+}
+
+TableView::~TableView() {
+    if (game_.events == &narrator_) game_.events = nullptr;
 }
 
 QSize TableView::sizeHint() const { return designSize().toSize(); }
@@ -227,8 +236,10 @@ void TableView::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked = item && item->target == pressed_ && item->index == pressedIndex_ && event->button() == Qt::LeftButton;
     pressed_ = Target::None;
     if (!clicked) return;
-    const Target target = item->target;
-    const int index = item->index;
+    clickPlace(item->target, item->index);
+}
+
+void TableView::clickPlace(Target target, int index) {
     host_.dispatch([this, target, index] {
         if (const auto place = placeOf(target, index)) keys_.click(*place);
         else if (target == Target::YakuClose) game_.yaku.cmdYakuClose_Click();
