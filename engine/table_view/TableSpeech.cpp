@@ -4,6 +4,7 @@
 #include <array>
 
 #include "cards/FrmCards.h"
+#include "scoring/YakuImageLists.h"
 #include "shell/FrmMain.h"
 
 namespace petal {
@@ -15,6 +16,13 @@ using Role = SpokenThing::Role;
 
 constexpr std::array<const char*, 12> kMonths = {"January", "February", "March",     "April",   "May",      "June",
                                                   "July",    "August",   "September", "October", "November", "December"};
+
+// The name of the card that a yaku code stands for.
+std::string yakuCardName(const std::string& code) {
+    for (int n = 1; n <= FrmCards::kCards && !code.empty(); ++n)
+        if (FrmCards::card(n).YakuCodes.find(code) != std::string_view::npos) return std::string(FrmCards::card(n).Name);
+    return {};
+}
 
 const CardRecord& cardAt(const FrmMain& f, const Image& image) { return f.m.mCards.at(image.Tag.value()); }
 
@@ -76,7 +84,9 @@ void addTable(const FrmMain& f, const TableFocus& focus, std::vector<SpokenThing
     SpokenThing deck = thing(Kind::Deck, 0, Role::Card, c.imgDeck, "Deck, " + std::to_string(left) + " cards left");
     const bool deals = !f.dealer.deckToolTip().empty();
     if (deals) deck.name += ", click to deal";
-    placed(deck, focus, {TableFocus::Kind::Deck, 0}, deals ? "Deal" : "");
+    placed(deck, focus, {TableFocus::Kind::Deck, 0}, "Deal");
+    deck.clickable = deck.clickable && deals;
+    if (!deals) deck.description.clear();
     if (c.imgDeck.Visible) out.push_back(std::move(deck));
     if (c.imgFlipCard.Visible && c.imgFlipCard.hasPicture()) {
         SpokenThing t = thing(Kind::Turned, 0, Role::Card, c.imgFlipCard, "Turned from the deck: " + spokenCard(cardAt(f, c.imgFlipCard)));
@@ -132,10 +142,13 @@ void addYaku(const FrmMain& f, const TableFocus& focus, std::vector<SpokenThing>
     const TableModel& c = f.ctl;
     for (int i = 0; i < 24; ++i) {
         const Image& thumb = c.imgPYaku[i];
-        if (!thumb.Visible || !thumb.hasPicture() || !thumb.Enabled) continue;
-        SpokenThing t = thing(Kind::Yaku, i, Role::Card, thumb, "Yaku card, " + spokenYaku(f, i / 3));
-        placed(t, focus, {TableFocus::Kind::Yaku, i}, f.g.gUseYaku ? "Show the yaku's cards" : "");
+        const std::string& code = f.g.gYakuCodes[i];
+        if (!thumb.Visible || !thumb.hasPicture() || !thumb.Enabled || code.empty()) continue;
+        const bool taken = thumb.Picture == ilsYakuColor(yakuKey(code)).Picture;
+        SpokenThing t = thing(Kind::Yaku, i, Role::Card, thumb, "Yaku row: " + yakuCardName(code) + (taken ? ", taken" : ", not taken"));
+        placed(t, focus, {TableFocus::Kind::Yaku, i}, "Show the cards of " + spokenYaku(f, i / 3));
         t.clickable = t.clickable && f.g.gUseYaku;
+        if (!t.clickable) t.description = "One of the cards of " + spokenYaku(f, i / 3);
         out.push_back(std::move(t));
     }
     if (!c.picYakuShow.Visible) return;
@@ -157,14 +170,7 @@ std::string spokenCard(const CardRecord& card) {
 
 std::string spokenYaku(const FrmMain& f, int group) {
     std::vector<std::string> names;
-    for (int slot = group * 3; slot < group * 3 + 3; ++slot) {
-        const std::string& code = f.g.gYakuCodes.at(slot);
-        for (int n = 1; n <= FrmCards::kCards && !code.empty(); ++n)
-            if (FrmCards::card(n).YakuCodes.find(code) != std::string_view::npos) {
-                names.emplace_back(FrmCards::card(n).Name);
-                break;
-            }
-    }
+    for (int slot = group * 3; slot < group * 3 + 3; ++slot) names.push_back(yakuCardName(f.g.gYakuCodes.at(slot)));
     return "the yaku of " + joined(names, " and ");
 }
 
