@@ -129,11 +129,12 @@ std::vector<TableView::Item> TableView::items() const {
     for (const Image& banner : c.imgWinLose) add(form, banner, Kind::Image);
     add(form, c.imgTable, Kind::Image, Target::Table);
     for (std::size_t i = 0; i < c.imgTCard.size(); ++i) add(form, c.imgTCard[i], Kind::Image, Target::TCard, static_cast<int>(i));
-    for (const Shape& frame : c.shpTHilite) add(form, frame, Kind::Shape);
+    // A frame names the place it frames, for the sign drawn with it; frames take no clicks.
+    for (std::size_t i = 0; i < c.shpTHilite.size(); ++i) add(form, c.shpTHilite[i], Kind::Shape, Target::TCard, static_cast<int>(i));
     add(form, c.imgDeck, Kind::Image, Target::Deck);
     add(form, c.imgFlipCard, Kind::Image);
     add(form, c.shpFlipCard, Kind::Shape);
-    add(form, c.shpPHilite, Kind::Shape);
+    add(form, c.shpPHilite, Kind::Shape, Target::PCard);
     for (int side = 0; side < 2; ++side) {
         const ScorePanel& p = c.panel[side];
         Item box{&p.box, Kind::Box, side == 0 ? Target::Picture1 : Target::Picture2, side, {}};
@@ -168,6 +169,7 @@ void TableView::paintEvent(QPaintEvent*) {
     const TableScale scale(size(), designSize(), dpr);
     painter.fillRect(rect(), QColor(12, 40, 30));
     TablePainter table(painter, pictures_, scale, !settled());
+    table.setOppositeFrame(game_.m.mHiliteColor[1]);
     table.setHidden(motion_.covered(game_.ctl, now));
     table.paintBackground(game_.ctl.Picture, size());
     table.paintItems(items(), QPointF(0, 0));
