@@ -27,10 +27,12 @@ void TableNarrator::moved(int side, bool fromDeck, int pos, int took, int) {
         said_.push_back(who(side, true) + " " +
                         (took >= 0 ? verb(side, "play") + " " + card + " and " + verb(side, "take") + " " + taken
                                    : verb(side, "lay") + " down " + card) + ".");
+    lookForYaku();
 }
 
 void TableNarrator::claimed(int side, int pos, int) {
     said_.push_back(who(side, true) + " " + verb(side, "claim") + " " + spokenCard(f_.m.mCards.at(pos)) + ".");
+    lookForYaku();
 }
 
 // The turn is the player's once a move of theirs waits: no timer of the computer's runs and the
@@ -44,6 +46,7 @@ TableNarrator::Turn TableNarrator::turnNow() const {
     return waits ? Turn::Local : Turn::None;
 }
 
+// A yaku is told after the move that made it, which the moment its card came to rest follows.
 void TableNarrator::lookForYaku() {
     for (int side = 0; side < 2; ++side)
         for (int k = 0; k < 8; ++k) {
@@ -76,10 +79,12 @@ void TableNarrator::lookForChat() {
 }
 
 std::vector<std::string> TableNarrator::take() {
-    lookForYaku();
     lookForResult();
     lookForChat();
-    if (f_.m.dealSerial != deal_) turn_ = Turn::None;
+    if (f_.m.dealSerial != deal_) {
+        turn_ = Turn::None;
+        yaku_ = f_.m.mYakuCards;
+    }
     deal_ = f_.m.dealSerial;
     const Turn now = turnNow();
     if (now != turn_ && now != Turn::None)
