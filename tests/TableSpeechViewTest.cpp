@@ -1,9 +1,8 @@
 // The table as a screen reader finds it: each thing's name, role and state read through Qt's
-// accessibility interfaces from a table set by hand, and a move made by a thing's action.
+// accessibility interfaces from a table set by hand.
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QTest>
 #include <functional>
 
 #include "TableWindow.h"
@@ -93,14 +92,6 @@ TEST_F(TableSpeechTest, AScoreTellsTheYakuHeldAndThoseOneCardAway) {
     EXPECT_EQ(named("Your score, 0")->text(QAccessible::Description).toStdString(),
               "holds the yaku of Ume Ni Uguisu, Matsu Ni Tsuru and Sakura Ni Maku; "
               "one card from the yaku of Botan No Tan, Kiku No Tan and Momiji No Tan");
-}
-
-TEST_F(TableSpeechTest, TheDecksActionDealsOnceTheReaderHasItsAnswer) {
-    const int deal = f.m.dealSerial;
-    named("Deck, 48 cards left, click to deal")->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
-    EXPECT_EQ(f.m.dealSerial, deal) << "the click waits for the reader's call to return";
-    EXPECT_TRUE(QTest::qWaitFor([&] { return f.m.dealSerial != deal; }, 2000));
-    EXPECT_NE(named("The computer's hand, 8 cards"), nullptr);
 }
 
 }  // namespace

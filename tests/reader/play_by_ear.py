@@ -29,18 +29,13 @@ def wait(cond, seconds, why):
 
 def on_event(e):
     try:
-        heed(e)
+        if e.type.startswith("object:text-changed:insert") and e.source.getRole() == pyatspi.ROLE_NOTIFICATION:
+            heard.append(e.any_data)
+            print("heard:", e.any_data, flush=True)
+        elif e.type.startswith("object:state-changed:focused") and e.detail1:
+            focused.append(e.source.name)
     except GLib.GError:
         pass  # a thing that has left the table since
-
-
-def heed(e):
-    role = e.source.getRole()
-    if e.type.startswith("object:text-changed:insert") and role == pyatspi.ROLE_NOTIFICATION:
-        heard.append(e.any_data)
-        print("heard:", e.any_data, flush=True)
-    elif e.type.startswith("object:state-changed:focused") and e.detail1:
-        focused.append(e.source.name)
 
 
 def things(app):
@@ -54,12 +49,6 @@ def month(name):
 
 def act(thing):
     thing.queryAction().doAction(0)
-
-
-def key(name, times=1):
-    for _ in range(times):
-        subprocess.run(["xdotool", "key", name], check=True)
-        time.sleep(0.1)
 
 
 def answer_boxes(app):
@@ -79,18 +68,15 @@ def table_cards(app):
 
 
 FULL = CARD.pattern[1:]
-TOLD = [(re.compile(rf"plays? ({FULL}) and takes? ({FULL})\."), lambda m, t: t.remove(m.group(5))),
-        (re.compile(rf"lays? down ({FULL})\."), lambda m, t: t.append(m.group(1))),
-        (re.compile(rf"The deck turns ({FULL}) for .*takes? ({FULL})\."), lambda m, t: t.remove(m.group(5))),
-        (re.compile(rf"The deck turns ({FULL}) for .*lays? it down\."), lambda m, t: t.append(m.group(1))),
-        (re.compile(rf"claims? ({FULL})\."), lambda m, t: t.remove(m.group(1)))]
+TOLD = [(re.compile(rf"takes? ({FULL})\."), list.remove), (re.compile(rf"claims? ({FULL})\."), list.remove),
+        (re.compile(rf"lays? down ({FULL})\."), list.append), (re.compile(rf"turns ({FULL}) for .*lays? it down\."), list.append)]
 
 
 def learn(table, sentence):
     """The table as the announcements tell it: each move takes a card from it or lays one down."""
     for pattern, change in TOLD:
-        if m := pattern.search(sentence):
-            change(m, table)
+        for m in pattern.finditer(sentence):
+            change(table, m.group(1))
 
 
 def play(app):
@@ -98,7 +84,7 @@ def play(app):
     act(deck)
     table = wait(lambda: len(table_cards(app)) == 8 and table_cards(app), 20, "the deal")
     told = 0
-    for turn in range(40):
+    for _ in range(40):
         wait(lambda: heard and (heard[-1] == "Your turn." or heard[-1].endswith("Choose a card for it to take.")) or answer_boxes(app) == "No",
              30, "my turn or the deal's end")
         if not heard[-1].startswith(("Your turn", "The deck turns")):
@@ -112,19 +98,19 @@ def play(app):
             fail(f"the table reads {table_cards(app)}, the moves told {sorted(table)}")
         heard.append("(my move)")
         cards = things(app)
-        turned = next((c for c in cards if c.name.endswith("waits to be placed")), None)
-        if turned:
+        if any(c.name.endswith("waits to be placed") for c in cards):
             act(next(c for c in cards if c.name.endswith(", can be taken")))
             continue
         hand = [c for c in cards if c.getState().contains(pyatspi.STATE_SELECTABLE)]
         chosen, played = month(hand[0].name), hand[0].name
+        focused.clear()
         act(hand[0])
         target = wait(lambda: focused and (focused[-1].endswith("can be taken") or focused[-1] == "The table") and focused[-1], 5, "the focus on the table")
         framed = [c.name for c in things(app) if c.name.endswith(", can be taken")]
         wild = "Yanagi No Kasu"  # matches every month
         if not played.startswith(wild) and any(month(n) != chosen and not n.startswith(wild) for n in framed):
             fail(f"{framed} framed for a card of {chosen}")
-        key("Return", 2)  # the first key shows the mark, the second uses the place under it
+        subprocess.run(["xdotool", "key", "--delay", "100", "Return", "Return"], check=True)  # shows the mark, then uses it
         print("played", played, "onto", target, flush=True)
     fail("the deal did not end in 40 turns")
 
