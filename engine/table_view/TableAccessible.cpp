@@ -59,8 +59,4 @@ QAccessibleInterface* TableAccessible::focusChild() const {
     return i >= 0 ? child(i) : nullptr;
 }
 
-QString TableAccessible::text(QAccessible::Text t) const {
-    return t == QAccessible::Name ? QStringLiteral("Card table") : QAccessibleWidget::text(t);
-}
-
 }  // namespace petal

@@ -22,7 +22,6 @@ public:
     int indexOfChild(const QAccessibleInterface* child) const override;
     QAccessibleInterface* childAt(int x, int y) const override;
     QAccessibleInterface* focusChild() const override;
-    QString text(QAccessible::Text t) const override;
 
     // Installed once: the view's interface is this one.
     static void install();
