@@ -18,7 +18,10 @@ void TableView::modelChanged() {
     status.name = said_;
     spoken_.push_back(std::move(status));
     tellAccessibility(before);
-    for (const std::string& sentence : narrator_.take()) announce(sentence);
+    // One announcement for each change: a reader that hears several at once may drop all but one.
+    std::string told;
+    for (const std::string& sentence : narrator_.take()) told += (told.empty() ? "" : " ") + sentence;
+    if (!told.empty()) announce(told);
 }
 
 int TableView::focusedThing() const {

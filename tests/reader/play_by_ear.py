@@ -85,10 +85,10 @@ def play(app):
     table = wait(lambda: len(table_cards(app)) == 8 and table_cards(app), 20, "the deal")
     told = 0
     for _ in range(40):
-        wait(lambda: heard and (heard[-1] == "Your turn." or heard[-1].endswith("Choose a card for it to take.")) or answer_boxes(app) == "No",
-             30, "my turn or the deal's end")
-        if not heard[-1].startswith(("Your turn", "The deck turns")):
-            if not any(re.match(r"You (win|lose|tie), \d+ to \d+\.", h) for h in heard):
+        cue = ("Your turn.", "Choose a card for it to take.")
+        wait(lambda: heard and heard[-1].endswith(cue) or answer_boxes(app) == "No", 30, "my turn or the deal's end")
+        if not heard[-1].endswith(cue):
+            if not any(re.search(r"You (win|lose|tie), \d+ to \d+\.", h) for h in heard):
                 fail("no result was told")
             return
         for sentence in heard[told:]:
