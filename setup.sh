@@ -39,7 +39,8 @@ if [ "${1:-}" = fuzz ]; then
 fi
 
 install cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 qt6-multimedia-dev libqt6multimedia6 libsqlite3-dev libicu-dev libgtest-dev python3 \
-    fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev
+    fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev \
+    xvfb xdotool dbus-daemon at-spi2-core python3-pyatspi
 
 # A developer's machine with ccache rebuilds from its cache; a clean CI machine has none.
 launcher=()

@@ -35,7 +35,9 @@ HofWinnerDialog::HofWinnerDialog(FrmHOFWinner& form, QtHost& host, PictureStore&
     picture->setPixmap(pictures.pixmap(pic::HofWinnerDecoration, devicePixelRatioF()));
     layout->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
     layout->addWidget(new QLabel(QString::fromStdString(form.Label1), this), 0, 1, 1, 2);
-    layout->addWidget(new QLabel(QString::fromStdString(form.Label2), this), 1, 1, 1, 2);
+    auto* prompt = new QLabel(QString::fromStdString(form.Label2), this);
+    prompt->setBuddy(name_);  // a reader names the box by the line that asks for it
+    layout->addWidget(prompt, 1, 1, 1, 2);
     name_->setValidator(new NameLength(name_));
     name_->setText(QString::fromStdString(form.txtHOFName()));
     layout->addWidget(name_, 2, 1, 1, 2);
