@@ -91,6 +91,8 @@ MsgResult ProgramRig::answer(const MsgBox& box) {
         case MsgButtons::YesNo:
         case MsgButtons::YesNoCancel:
             return MsgResult::No;
+        case MsgButtons::RestoreDefaultsClose:
+            return restoreDefaults ? MsgResult::RestoreDefaults : MsgResult::Close;
         case MsgButtons::OK:
             break;
     }

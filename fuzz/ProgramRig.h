@@ -1,7 +1,8 @@
 #pragma once
 // One program of the game on the simulated host, in a fresh folder (in memory where the machine
 // has such a folder), for the fuzz targets. It starts as main starts it; its boxes are answered
-// as a player would answer them (OK, Cancel to Retry, No to a question) and its forms go to the
+// as a player would answer them (OK, Cancel to Retry, No to a question, Close or
+// Restore Defaults as the target says) and its forms go to the
 // target's script, then close. What a player would never see (a box of a fault, an exception
 // out of the program) is kept as the rig's failure.
 #include <filesystem>
@@ -48,6 +49,8 @@ public:
 
     // The target's script for the forms other than the splash.
     std::function<void(Form&)> onForm;
+    // The answer to a settings file that cannot be read: Restore Defaults, or Close.
+    bool restoreDefaults = false;
 
 private:
     MsgResult answer(const MsgBox& box);

@@ -1,7 +1,8 @@
 // The settings file as a fuzz target: the input is the bytes of GARDENIA.ini, laid in a fresh
 // folder before the program starts there, as main starts it. The start leaves the file as it
 // was, and either ends in order (one box that names the file, a status that tells the failure)
-// or plays with values the game can play with. Setup shows the game's values; OK stores them,
+// or plays with values the game can play with; a file that cannot be read and is answered with
+// Restore Defaults is kept aside whole and the game goes on. Setup shows the game's values; OK stores them,
 // and the next start reads them back without a word; a deal on them is played to its end.
 #include "FuzzTarget.h"
 #include "Policy.h"
@@ -32,9 +33,16 @@ public:
         const std::string bytes(reinterpret_cast<const char*>(data), size);
         ProgramRig rig;
         rig.write(Gardenia::kFileName, bytes);
+        rig.restoreDefaults = size && (data[0] & 1);
         if (!rig.start()) return "at start: " + rig.failure();
-        if (rig.read(Gardenia::kFileName) != bytes) return "the start changed the file";
         const std::vector<MsgBox>& boxes = rig.host().shownBoxes();
+        const bool restored = !boxes.empty() && boxes[0].buttons == MsgButtons::RestoreDefaultsClose && rig.restoreDefaults;
+        if (restored) {
+            if (rig.host().ending()) return "the program ended after Restore Defaults";
+            if (rig.read(std::string(Gardenia::kFileName) + ".bad") != bytes) return "the file put aside is not the one read";
+        } else if (rig.read(Gardenia::kFileName) != bytes) {
+            return "the start changed the file";
+        }
         if (rig.host().ending()) {
             const std::string file = "\"" + rig.file(Gardenia::kFileName).string() + "\" cannot be ";
             if (rig.host().exitStatus() == 0 || boxes.size() != 1 || boxes[0].text.find(file) == std::string::npos)

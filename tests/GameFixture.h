@@ -29,6 +29,7 @@ inline void PrintTo(const TableFocus::Place& place, std::ostream* out) {
 namespace petal::test {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 using TempDir = sim::TempFolder;
 

@@ -39,6 +39,7 @@ public:
     std::string dateText() override;
     std::filesystem::path programFolder() override;
     std::filesystem::path helpFolder() override;
+    std::string filesMoved() override { return folders().moved; }
     std::unique_ptr<Socket> createSocket() override;
     void endProgram() override { end(0); }
     void endProgramAfterFailure() override { end(1); }
