@@ -124,7 +124,15 @@ void Connection::lossProcedure() {
     }
 }
 
+// The failure is told from a call of its own, not inside the socket's event (see DataArrival).
+// Its state is taken as acted upon at once, so that the poll does not tell the failure first,
+// in words of its own, before the reason comes.
 void Connection::tcpMultiPlayer_Error(int Number, const std::string& Description) {
+    f_.g.gConnectState = f_.tcpMultiPlayer->State();
+    f_.host.post([this, Number, Description] { socketFailed(Number, Description); });
+}
+
+void Connection::socketFailed(int Number, const std::string& Description) {
     Socket& s = *f_.tcpMultiPlayer;
     f_.host.msgBox({Description, "Winsock Error " + std::to_string(Number), MsgIcon::Exclamation, MsgButtons::OK});
     s.Close();

@@ -29,6 +29,7 @@ private:
     void actOnState(int state);
     void hostLost();
     void lossProcedure();
+    void socketFailed(int Number, const std::string& Description);
     void unloadScoreCard();
 
     FrmMain& f_;

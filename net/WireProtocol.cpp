@@ -50,11 +50,26 @@ void WireProtocol::CompleteSend() {
 
 void WireProtocol::tcpMultiPlayer_SendComplete() { f_.m.mSendComplete = true; }
 
+// The bytes are taken at once and read from a call of their own. A handler run inside the
+// socket's event that waited (a box, a deal) could see the connection closed and freed under the
+// event that is still being delivered, and return into it.
 void WireProtocol::tcpMultiPlayer_DataArrival(long) {
+    if (f_.g.gPlayMode <= 0) return;
+    received_ += f_.tcpMultiPlayer->GetData();
+    if (receivePosted_) return;
+    receivePosted_ = true;
+    f_.host.post([this] { receive(); });
+}
+
+void WireProtocol::receive() {
+    receivePosted_ = false;
+    std::string bytes = std::move(received_);
+    received_.clear();
+    if (f_.g.gPlayMode <= 0 || bytes.empty()) return;
     MainVars& m = f_.m;
     const bool wasReceiving = m.mReceiving;
     m.mReceiving = true;
-    if (f_.g.gPlayMode > 0) framed(framer_.feed(f_.tcpMultiPlayer->GetData(), incoming_));
+    framed(framer_.feed(bytes, incoming_));
     m.mReceiving = wasReceiving;
 }
 
@@ -209,6 +224,7 @@ void WireProtocol::rematchAsked() {
 }
 
 void WireProtocol::reset() {
+    received_.clear();
     framer_.clear();
     arrived_.clear();
     moves_.clear();

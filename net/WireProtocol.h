@@ -58,6 +58,7 @@ public:
     std::function<void(const std::string& line)> chatReceived;
 
 private:
+    void receive();
     void framed(MessageFramer::Result result);
     void dispatchAll();
     void dispatch(const WireMessage& message);
@@ -68,6 +69,8 @@ private:
     void tmrSettle_Timer();
 
     FrmMain& f_;
+    std::string received_;  // taken from the socket, not yet read
+    bool receivePosted_ = false;
     MessageFramer framer_;
     std::vector<WireMessage> incoming_;  // framed from the last bytes; emptied before any dispatch
     std::deque<WireMessage> arrived_;  // framed, not yet dispatched

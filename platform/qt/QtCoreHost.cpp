@@ -6,6 +6,7 @@
 #include <QTime>
 #include <QTimer>
 #include <cmath>
+#include <utility>
 
 #include "platform/FatalError.h"
 #include "platform/Timer.h"
@@ -23,7 +24,16 @@ void QtCoreHost::dispatch(const std::function<void()>& handler) {
     ++handling_;
     runHandler(*this, handler);
     --handling_;
+    if (handling_ == 0) {
+        for (const QPointer<QObject>& object : std::exchange(released_, {}))
+            if (object) object->deleteLater();
+    }
     modelChanged();
+}
+
+void QtCoreHost::releaseAfterHandlers(QObject* object) {
+    if (handling_ == 0) object->deleteLater();
+    else released_.emplace_back(object);
 }
 
 void QtCoreHost::timerChanged(Timer& timer) {

@@ -78,7 +78,7 @@ void QtSocket::onIncoming() {
         });
         const auto left = pending_.find(id);
         if (left != pending_.end()) {
-            if (left->second) left->second->close(), left->second->deleteLater();
+            if (left->second) left->second->close(), host_.releaseAfterHandlers(left->second);
             pending_.erase(left);
         }
     }
@@ -147,7 +147,7 @@ void QtSocket::Close() {
     if (server_) {
         server_->disconnect(this);
         server_->close();
-        server_->deleteLater();
+        host_.releaseAfterHandlers(server_);
         server_ = nullptr;
     }
     if (socket_) {
@@ -155,7 +155,7 @@ void QtSocket::Close() {
         socket_ = nullptr;
         old->disconnect(this);
         old->disconnectFromHost();  // what was written still goes out before the end
-        old->deleteLater();
+        host_.releaseAfterHandlers(old);
     }
     state_ = sckClosed;
 }

@@ -106,6 +106,13 @@ private:
     };
     void scheduleSocketEvent(std::int64_t at, SimSocket& socket, std::function<void(SimSocket&)> event);
     void socketGone(const SimSocket& socket);
+    // The nested loops open on this program's stack: waits, boxes and forms.
+    int loopDepth() const { return loopDepth_; }
+    // A socket's connection was closed under one of its events, or that event has ended.
+    void releasePending() { ++releasesPending_; }
+    void releaseSettled() { --releasesPending_; }
+    // Each event runs in a pass of the innermost loop open.
+    void eventPass() const;
     struct Expected {
         std::string text, title;
         MsgResult answer;
@@ -191,6 +198,8 @@ private:
     std::exception_ptr failure_;
     int waitDepth_ = 0;
     int modalDepth_ = 0;
+    int loopDepth_ = 0;
+    int releasesPending_ = 0;
     std::vector<SimSocket*> sockets_;
     bool mainFormShown_ = false;
     int status_ = 0;

@@ -93,7 +93,7 @@ void SimNetwork::request(int clientId, int listenerId) {
     client->link = id;
     client->setState(Socket::sckConnected);
     socket(listenerId)->post(kLatency, [this, id](SimSocket& listener) {
-        if (listener.ConnectionRequest) listener.ConnectionRequest(id);
+        listener.raiseConnectionRequest(id);
         if (!links_[id].accepted) breakLink(id, -1);
     });
 }

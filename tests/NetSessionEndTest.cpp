@@ -1,0 +1,71 @@
+// Two programs over the simulated network, played by people who take a moment over every box,
+// so that the game's events run while the boxes stand, as they do on a desktop: the ends of a
+// session and of a rematch, and what each side is told.
+#include "NetFixture.h"
+#include "platform/Timer.h"
+
+namespace petal::test {
+namespace {
+
+constexpr int kThinkMs = 600;  // longer than the poll of the socket, which runs meanwhile
+
+class SlowPlayers : public NetFixture {
+protected:
+    SlowPlayers() {
+        for (Side* side : {&host, &client}) {
+            side->host.onMsgBox = [this, side, answer = side->host.onMsgBox](const MsgBox& box) {
+                bool read = false;
+                Timer reading(side->host, [&read] { read = true; }, kThinkMs);
+                reading.setEnabled(true);
+                side->host.waitUntil([&read] { return read; });
+                if (beforeAnswer) beforeAnswer(*side, box);
+                return answer(box);
+            };
+        }
+    }
+    // What a player waits for before answering a box, once it has read it.
+    std::function<void(Side&, const MsgBox&)> beforeAnswer;
+};
+
+struct Decline {
+    const char* name;
+    bool hostDeclines;
+    int rounds;  // 0: a single game
+};
+
+class DeclinedRematch : public SlowPlayers, public ::testing::WithParamInterface<Decline> {};
+
+// One side waits under "Asking your opponent for another game." when the other says No and
+// leaves: the waiting side is told both, and plays on alone.
+TEST_P(DeclinedRematch, TheWaitingSideIsToldAndPlaysAlone) {
+    const Decline d = GetParam();
+    Side& decliner = d.hostDeclines ? host : client;
+    Side& waiter = d.hostDeclines ? client : host;
+    if (d.rounds > 0) hostOptions(1, d.rounds, true);
+    decliner.answers["Play Again?"] = MsgResult::No;
+    waiter.answers = {{"Play Again?", MsgResult::Yes},          {"Rematch Declined", MsgResult::OK},
+                      {"Remote Connection Closed", MsgResult::OK}, {"Reconnect", MsgResult::No},
+                      {"Connection Successful", MsgResult::OK}};
+    ASSERT_TRUE(connect());
+    ASSERT_TRUE(deal());
+    // The decliner answers once the other side waits for it.
+    beforeAnswer = [&](Side& side, const MsgBox& box) {
+        if (&side == &decliner && box.title == "Play Again?")
+            side.host.waitUntil([&] { return waiter.f().connectionStatus != nullptr; });
+    };
+    ASSERT_TRUE(playUntil([&] { return decliner.host.ending(); }));
+    ASSERT_TRUE(runUntil([&] { return waiter.f().g.gPlayMode == 0 && !waiter.host.waiting(); }));
+    EXPECT_TRUE(waiter.shown("Your opponent declined a rematch."));
+    EXPECT_EQ(waiter.f().connectionStatus, nullptr);
+    EXPECT_FALSE(waiter.host.ending());
+}
+
+INSTANTIATE_TEST_SUITE_P(EitherSide, DeclinedRematch,
+                         ::testing::Values(Decline{"HostDeclinesASingleGame", true, 0},
+                                           Decline{"ClientDeclinesASingleGame", false, 0},
+                                           Decline{"HostDeclinesATournament", true, 2},
+                                           Decline{"ClientDeclinesATournament", false, 2}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace petal::test
