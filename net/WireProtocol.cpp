@@ -29,26 +29,28 @@ WireProtocol::WireProtocol(FrmMain& f) : f_(f), tmrSettle(f.host, [this] { tmrSe
 
 void WireProtocol::send(const std::string& message) {
     if (f_.tcpMultiPlayer->State() != Socket::sckConnected) return;  // the poll tells of the loss
+    ++sendsMade_;
     f_.tcpMultiPlayer->SendData(message);
     CompleteSend();
 }
 
-// Sleeps until the socket says the bytes have left, the connection has gone, or the limit.
+// Sleeps until the socket says the bytes have left, the connection has gone, or the limit. A
+// send made while another waits (from a handler that the wait let run) may leave with it, and
+// the socket tells once for both: each wait looks for its own send among those that have left.
 void WireProtocol::CompleteSend() {
+    const std::uint64_t mine = sendsMade_;
     bool timedOut = false;
     Timer limit(f_.host, [&timedOut] { timedOut = true; }, kSendLimitMs);
     limit.setEnabled(true);
     f_.host.waitUntil([&] {
-        return f_.m.mSendComplete || timedOut || f_.tcpMultiPlayer->State() != Socket::sckConnected;
+        return sendsLeft_ >= mine || timedOut || f_.tcpMultiPlayer->State() != Socket::sckConnected;
     });
-    if (f_.m.mSendComplete) {
-        f_.m.mSendComplete = false;
-        return;
-    }
+    if (sendsLeft_ >= mine) return;
     if (timedOut && !f_.host.ending()) throw FatalError("Time Out", "The connected computer took too long to respond.");
 }
 
-void WireProtocol::tcpMultiPlayer_SendComplete() { f_.m.mSendComplete = true; }
+// Every send made so far has left.
+void WireProtocol::tcpMultiPlayer_SendComplete() { sendsLeft_ = sendsMade_; }
 
 // The bytes are taken at once and read from a call of their own. A handler run inside the
 // socket's event that waited (a box, a deal) could see the connection closed and freed under the

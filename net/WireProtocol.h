@@ -2,6 +2,7 @@
 // What crosses the wire, both ways: sending with CompleteSend, and the receive path that cuts
 // the bytes into messages and dispatches each once, whole and in order. The remote player's
 // moves (CARD) wait in order for the turn driver; everything else acts on arrival.
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <string>
@@ -69,6 +70,7 @@ private:
     void tmrSettle_Timer();
 
     FrmMain& f_;
+    std::uint64_t sendsMade_ = 0, sendsLeft_ = 0;
     std::string received_;  // taken from the socket, not yet read
     bool receivePosted_ = false;
     MessageFramer framer_;

@@ -67,5 +67,21 @@ INSTANTIATE_TEST_SUITE_P(EitherSide, DeclinedRematch,
                                            Decline{"ClientDeclinesATournament", false, 2}),
                          [](const auto& info) { return std::string(info.param.name); });
 
+// A send made while another waits for its bytes to leave (from a handler that the wait lets
+// run) leaves with it, and the socket tells once for both: each wait still ends.
+TEST_F(NetFixture, TwoSendsThatLeaveTogetherEachEndTheirWait) {
+    ASSERT_TRUE(connect());
+    const std::int64_t start = world.now();
+    bool sent = false;
+    act(client, [&] {
+        client.host.post([&] { client.f().sendToPeer("CHAT,inner"); });
+        client.f().sendToPeer("CHAT,outer");
+        sent = true;
+    });
+    ASSERT_TRUE(runUntil([&] { return sent; }));
+    EXPECT_LT(world.now() - start, 1000);
+    EXPECT_FALSE(client.shown("The connected computer took too long to respond."));
+}
+
 }  // namespace
 }  // namespace petal::test

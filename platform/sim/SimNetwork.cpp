@@ -140,9 +140,7 @@ void SimNetwork::send(SimSocket& from, const std::string& bytes) {
     if (it == links_.end()) return;
     Link& link = it->second;
     const int to = link.ends[0] == from.id() ? 1 : 0;
-    from.post(0, [](SimSocket& s) {
-        if (s.SendComplete) s.SendComplete();
-    });
+    from.sendsLeave();
     std::string data = std::move(link.held[to]) + bytes;
     link.held[to].clear();
     ++link.heldGeneration[to];

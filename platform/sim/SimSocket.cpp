@@ -59,6 +59,18 @@ void SimSocket::raiseConnectionRequest(long requestID) {
     });
 }
 
+void SimSocket::sendsLeave() {
+    if (completionDue_) return;
+    completionDue_ = true;
+    post(0, [connection = link](SimSocket& s) {
+        if (s.link != connection || !s.completionDue_) return;
+        s.completionDue_ = false;
+        s.deliver([&s] {
+            if (s.SendComplete) s.SendComplete();
+        });
+    });
+}
+
 void SimSocket::eventPass(int depth) const {
     if (releaseDepth_ >= 0 && depth <= releaseDepth_)
         throw UnexpectedPrompt("a connection closed under its own event was freed while that event was still being "
@@ -95,6 +107,7 @@ void SimSocket::Close() {
     }
     state_ = sckClosed;
     link = 0;
+    completionDue_ = false;
     inbound.clear();
 }
 

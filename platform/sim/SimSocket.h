@@ -39,6 +39,8 @@ public:
     void raiseError(int number, const std::string& description);
     void raiseDataArrival();
     void raiseConnectionRequest(long requestID);
+    // Once the sends made so far have left: one event for all that leave together.
+    void sendsLeave();
 
     // A pass of events in a loop `depth` loops deep on this program's stack. A platform socket
     // runs the game's handler inside the signal that delivers its event, and frees a connection
@@ -52,6 +54,7 @@ private:
     template <class Event>
     void deliver(Event&& event);
 
+    bool completionDue_ = false;
     int delivering_ = 0;     // events of this socket being delivered on the program's stack
     int releaseDepth_ = -1;  // where a connection closed under one of them is freed; -1 none
 
