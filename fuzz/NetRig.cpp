@@ -3,6 +3,7 @@
 #include "TableInvariants.h"
 #include "cards/Val.h"
 #include "net/FrmConnectionStatus.h"
+#include "net/MessageFramer.h"
 #include "net/WireProtocol.h"
 #include "platform/sim/SimNetwork.h"
 #include "records/FrmHOFWinner.h"
@@ -46,7 +47,7 @@ NetRig::NetRig(const Options& options, const std::filesystem::path& scratch)
     host_.onForm = [this](Form& form) { onForm(form); };
     f().net.chatReceived = [this](const std::string& line) {
         // The framer cuts lines out of the stream; it never makes one up.
-        if (peer_.sent().find("CHAT," + line) == std::string::npos)
+        if (typedLine(peer_.sent()).find("CHAT," + line) == std::string::npos)
             fail("a chat line that the peer never sent: \"" + line.substr(0, 40) + "\"");
     };
     act([this] { program_->Main(); });

@@ -142,7 +142,7 @@ void WireProtocol::dispatch(const WireMessage& message) {
     } else if (tag == "CARD") {
         receiveMove(message);
     } else if (tag == "CHAT") {
-        if (chatReceived) chatReceived(message.text.substr(5));
+        if (chatReceived) chatReceived(typedLine(std::string_view(message.text).substr(5)));
     }
 }
 
