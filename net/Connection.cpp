@@ -60,6 +60,7 @@ void Connection::actOnState(int state) {
             if (!f_.connectionStatus) showStatus(2, "Connection Status", "Attempting connection to your opponent.");
             break;
         case Socket::sckConnected:
+            clearStaleTable();
             if (g.gPlayMode == 1) {
                 if (f_.connectionStatus) f_.connectionStatus->Unload();
                 f_.net.send("SEUP," + std::to_string(g.gGameType) + "," + std::to_string(g.gRounds) + "," +
@@ -178,6 +179,12 @@ void Connection::fallBack(bool clearTable) {
     unloadScoreCard();
     m.mRoundNo = f_.g.gRounds + 1;
     f_.dealer.NewGame(true);
+}
+
+// Setup's "Reset Game" answered No, or a reconnect after a failure, leaves the last deal on
+// the table while the connection is made anew.
+void Connection::clearStaleTable() {
+    if (f_.g.gGameInProgress != 0 && !f_.net.dealtInSession()) f_.dealer.NewGame(true);
 }
 
 void Connection::unloadScoreCard() {

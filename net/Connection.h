@@ -22,6 +22,8 @@ public:
     // Back to single play after the session has ended: the socket closed, the options kept.
     // With clearTable, the game of the session ends too, as a lost connection ends it.
     void fallBack(bool clearTable);
+    // A deal left on the table from before this connection is no game of its session: cleared.
+    void clearStaleTable();
     // The yaku flag as the fall back writes it: 1 or 0.
     int yakuFlag() const;
 

@@ -182,10 +182,11 @@ void WireProtocol::receiveNewg(int answer) {
 void WireProtocol::receiveSetup(const WireMessage& message) {
     // The options come once, before the session's first deal: taken later they would score a
     // game, or the deal still on the table, by rules other than those it was played by.
-    if (dealtInSession_ || f_.g.gGameInProgress != 0) {
+    if (dealtInSession_) {
         outOfStep("the host's options \"" + message.text + "\" came after the game had begun");
         return;
     }
+    f_.connection.clearStaleTable();
     // Rounds size the tournament's score table even in a single game: never below 0, and at
     // least one in a tournament.
     int gameType = 0, rounds = 0, yaku = 0;

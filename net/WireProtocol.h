@@ -46,6 +46,8 @@ public:
     void dealFrom(const std::string& seed, int turn);
     // A deal starts: answers and moves held for the last one are void.
     void dealStarted();
+    // A deal of this connection has been dealt.
+    bool dealtInSession() const { return dealtInSession_; }
     // This side has asked "Do you want to play again?": an answer that came early is taken now.
     void rematchAsked();
 

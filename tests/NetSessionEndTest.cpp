@@ -2,6 +2,8 @@
 // so that the game's events run while the boxes stand, as they do on a desktop: the ends of a
 // session and of a rematch, and what each side is told.
 #include "NetFixture.h"
+#include "net/FrmConnectionStatus.h"
+#include "platform/sim/SimNetwork.h"
 #include "platform/Timer.h"
 
 namespace petal::test {
@@ -65,6 +67,41 @@ INSTANTIATE_TEST_SUITE_P(EitherSide, DeclinedRematch,
                                            Decline{"ClientDeclinesASingleGame", false, 0},
                                            Decline{"HostDeclinesATournament", true, 2},
                                            Decline{"ClientDeclinesATournament", false, 2}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+struct StaleTable {
+    const char* name;
+    bool viaSetup;  // Setup, OK, "Reset Game" answered No; otherwise a reconnect after a failure
+};
+
+class StaleTableOnReconnect : public NetFixture, public ::testing::WithParamInterface<StaleTable> {};
+
+// The client connects again with its last deal still on the table: the table is cleared, and
+// the client takes its host's options and deal as at any start of a session.
+TEST_P(StaleTableOnReconnect, IsClearedAndTheClientTakesTheHostsDeal) {
+    host.answers = {{"Connection Successful", MsgResult::OK},
+                    {"Remote Connection Closed", MsgResult::OK},
+                    {"Reconnect", MsgResult::Yes},
+                    {"Out of Step", MsgResult::OK}};
+    client.answers = {{"Reset Game", MsgResult::No},        {"Winsock Error 10054", MsgResult::OK},
+                      {"Winsock Error 10061", MsgResult::OK}, {"Reconnect", MsgResult::Yes},
+                      {"Out of Step", MsgResult::OK}};
+    ASSERT_TRUE(connect());
+    ASSERT_TRUE(deal());
+    if (GetParam().viaSetup) act(client, [&] { client.f().mnuSetup_Click(); });
+    else world.network().drop(false);
+    ASSERT_TRUE(runUntil([&] { return host.boxes("Connection Successful") == 2; }));
+    world.advance(1000);  // the host's options arrive
+    EXPECT_EQ(client.f().g.gGameInProgress, 0);
+    EXPECT_FALSE(client.f().ctl.imgPCard[0].hasPicture());
+    EXPECT_EQ(host.boxes("Out of Step") + client.boxes("Out of Step"), 0);
+    ASSERT_TRUE(deal());
+    EXPECT_EQ(client.f().m.mDealSeed, host.f().m.mDealSeed);
+}
+
+INSTANTIATE_TEST_SUITE_P(BothPaths, StaleTableOnReconnect,
+                         ::testing::Values(StaleTable{"SetupResetAnsweredNo", true},
+                                           StaleTable{"ReconnectAfterAFailure", false}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // A send made while another waits for its bytes to leave (from a handler that the wait lets
