@@ -87,6 +87,7 @@ void Connection::actOnState(int state) {
 
 // The client's host has gone: tested even while the session stands.
 void Connection::hostLost() {
+    f_.net.tellHeldRefusal();
     f_.host.msgBox({"Your host has just terminated the network connection.", "Remote Connection Closed",
                     MsgIcon::Exclamation, MsgButtons::OK});
     f_.m.mRoundNo = f_.g.gRounds + 1;
@@ -96,6 +97,7 @@ void Connection::hostLost() {
 void Connection::lossProcedure() {
     Socket& s = *f_.tcpMultiPlayer;
     if (f_.g.gConnectState == Socket::sckClosing) {
+        f_.net.tellHeldRefusal();
         f_.host.msgBox({"Your opponent has just terminated the network connection.", "Remote Connection Closed",
                         MsgIcon::Exclamation, MsgButtons::OK});
         unloadScoreCard();

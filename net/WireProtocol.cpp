@@ -1,5 +1,6 @@
 #include "net/WireProtocol.h"
 
+#include <algorithm>
 #include <climits>
 
 #include "cards/Val.h"
@@ -174,9 +175,21 @@ void WireProtocol::receiveNewg(int answer) {
         return;  // a refusal goes unreported while the question stands
     }
     if (f_.connectionStatus) f_.connectionStatus->Unload();
-    if (answer == 1)
-        f_.host.msgBox({"Your opponent declined a rematch.", "Rematch Declined", MsgIcon::Information, MsgButtons::OK,
-                        g.gPlayMode == 1});
+    if (answer == 1) tellRefusal();
+}
+
+void WireProtocol::tellRefusal() {
+    f_.host.msgBox({"Your opponent declined a rematch.", "Rematch Declined", MsgIcon::Information, MsgButtons::OK,
+                    f_.g.gPlayMode == 1});
+}
+
+// A refusal that came before this side asked was the answer to nothing it had asked yet: it is
+// told as it would have been on arrival, before the question or the end of the session.
+void WireProtocol::tellHeldRefusal() {
+    const auto refusal = std::find(heldAnswers_.begin(), heldAnswers_.end(), 1);
+    if (refusal == heldAnswers_.end()) return;
+    heldAnswers_.erase(refusal);
+    tellRefusal();
 }
 
 void WireProtocol::receiveSetup(const WireMessage& message) {
@@ -221,6 +234,7 @@ void WireProtocol::dealStarted() {
 
 void WireProtocol::rematchAsked() {
     rematchAsked_ = true;
+    tellHeldRefusal();
     const std::vector<int> held = std::move(heldAnswers_);
     heldAnswers_.clear();
     for (int answer : held) receiveNewg(answer);

@@ -48,8 +48,12 @@ public:
     void dealStarted();
     // A deal of this connection has been dealt.
     bool dealtInSession() const { return dealtInSession_; }
-    // This side has asked "Do you want to play again?": an answer that came early is taken now.
+    // This side is about to ask "Do you want to play again?": an answer that came early is
+    // taken now.
     void rematchAsked();
+    // Tells a refusal of the peer that came before this side asked, if one is held: the session
+    // ends before it can be asked.
+    void tellHeldRefusal();
 
     // A message that the game cannot take: the player is told, the connection is closed and
     // the game falls back to single play.
@@ -67,6 +71,7 @@ private:
     void dispatch(const WireMessage& message);
     void receiveDeal(const WireMessage& message);
     void receiveNewg(int answer);
+    void tellRefusal();
     void receiveSetup(const WireMessage& message);
     void receiveMove(const WireMessage& message);
     void tmrSettle_Timer();

@@ -85,8 +85,8 @@ void MatchEnd::endSingleGame() {
     Globals& g = f_.g;
     g.gGameInProgress = 0;
     CheckWinLose();
-    if (g.gPlayMode != 0) askingRematch();
     const int dealt = f_.m.dealSerial;
+    if (g.gPlayMode != 0 && !askingRematch(dealt)) return;
     const bool again = askPlayAgain();
     if (g.gPlayMode != 0) pumpAfterQuestion();
     // A deal that came while the question stood or the events ran (from the wire, or the deck)
@@ -113,10 +113,12 @@ void MatchEnd::endSingleGame() {
     if (g.gPlayMode != 2) f_.dealer.DealCards();
 }
 
-// The answer may already have come while this side was still finishing the deal.
-void MatchEnd::askingRematch() {
+// The answer may already have come while this side was still finishing the deal. False when
+// the session ended meanwhile (a refusal told, then the loss of the peer): nothing is asked.
+bool MatchEnd::askingRematch(int dealt) {
     f_.g.gRematchPending = true;
     f_.net.rematchAsked();
+    return f_.m.dealSerial == dealt;
 }
 
 // No: the peer is told, and the program closes.
@@ -144,11 +146,14 @@ void MatchEnd::endTournamentRound() {
     g.gRoundScores[1].at(m.mRoundNo) = c;
     CheckWinLose();
     f_.setMousePointer(FrmMain::kPointerHourglass);
-    if (g.gPlayMode != 0) askingRematch();
+    const int dealt = f_.m.dealSerial;
+    if (g.gPlayMode != 0 && !askingRematch(dealt)) {
+        f_.setMousePointer(FrmMain::kPointerDefault);
+        return;
+    }
     // The host deals the next round once the client's card of this round has opened and closed.
     if (g.gPlayMode == 1) m.mPeerReady = false;
     EndComment();
-    const int dealt = f_.m.dealSerial;
     showScoreCard();
     f_.setMousePointer(FrmMain::kPointerDefault);
     if (f_.host.ending()) return;

@@ -19,7 +19,7 @@ private:
     void endSingleGame();
     void endTournamentRound();
     bool askPlayAgain();
-    void askingRematch();
+    bool askingRematch(int dealt);
     void answerRematch();
     void declineRematch();
     void pumpAfterQuestion();

@@ -69,6 +69,23 @@ INSTANTIATE_TEST_SUITE_P(EitherSide, DeclinedRematch,
                                            Decline{"ClientDeclinesATournament", false, 2}),
                          [](const auto& info) { return std::string(info.param.name); });
 
+// The host says No while the client still replays the host's last move: the refusal comes
+// before the client has asked, and is told all the same.
+TEST_F(NetFixture, ARefusalThatComesBeforeThisSideAsksIsTold) {
+    host.answers["Play Again?"] = MsgResult::No;
+    client.answers = {{"Play Again?", MsgResult::Yes},
+                      {"Rematch Declined", MsgResult::OK},
+                      {"Remote Connection Closed", MsgResult::OK},
+                      {"Connection Successful", MsgResult::OK}};
+    ASSERT_TRUE(connect());
+    act(host, [&] { host.f().m.mTurn = 1; });  // the client leads: the host moves last
+    ASSERT_TRUE(deal());
+    ASSERT_TRUE(playUntil([&] { return host.host.ending(); }));
+    EXPECT_LT(client.ends.count, 1) << "the client was still replaying";
+    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0 && !client.host.waiting(); }));
+    EXPECT_TRUE(client.shown("Your opponent declined a rematch."));
+}
+
 struct StaleTable {
     const char* name;
     bool viaSetup;  // Setup, OK, "Reset Game" answered No; otherwise a reconnect after a failure
