@@ -1,5 +1,7 @@
 #include "net/Connection.h"
 
+#include <vector>
+
 #include "net/FrmConnectionStatus.h"
 #include "platform/Host.h"
 #include "platform/Socket.h"
@@ -87,6 +89,7 @@ void Connection::actOnState(int state) {
 
 // The client's host has gone: tested even while the session stands.
 void Connection::hostLost() {
+    endSessionPrompts();
     f_.net.tellHeldRefusal();
     f_.host.msgBox({"Your host has just terminated the network connection.", "Remote Connection Closed",
                     MsgIcon::Exclamation, MsgButtons::OK});
@@ -96,6 +99,7 @@ void Connection::hostLost() {
 
 void Connection::lossProcedure() {
     Socket& s = *f_.tcpMultiPlayer;
+    endSessionPrompts();
     if (f_.g.gConnectState == Socket::sckClosing) {
         f_.net.tellHeldRefusal();
         f_.host.msgBox({"Your opponent has just terminated the network connection.", "Remote Connection Closed",
@@ -137,6 +141,7 @@ void Connection::tcpMultiPlayer_Error(int Number, const std::string& Description
 
 void Connection::socketFailed(int Number, const std::string& Description) {
     Socket& s = *f_.tcpMultiPlayer;
+    endSessionPrompts();
     f_.host.msgBox({Description, "Winsock Error " + std::to_string(Number), MsgIcon::Exclamation, MsgButtons::OK});
     s.Close();
     f_.net.reset();
@@ -165,9 +170,31 @@ void Connection::showStatus(long connectMode, const std::string& caption, const 
     f_.host.showModal(status);
 }
 
+bool Connection::waitForPeer(const std::string& caption, const std::string& message) {
+    FrmConnectionStatus status(f_);
+    status.waitsForPeer = true;
+    status.ConnectMode = f_.g.gPlayMode;
+    status.StatusCaption = caption;
+    status.StatusMessage = message;
+    f_.host.showModal(status);
+    return !status.endedWithSession;
+}
+
+void Connection::endSessionPrompts() {
+    f_.host.endSessionBoxes();
+    std::vector<FrmConnectionStatus*> waits;
+    for (FrmConnectionStatus* wait = f_.connectionStatus; wait; wait = wait->covered())
+        if (wait->waitsForPeer && wait->loaded()) waits.push_back(wait);
+    for (FrmConnectionStatus* wait : waits) {
+        wait->endedWithSession = true;
+        wait->Unload();
+    }
+}
+
 void Connection::fallBack(bool clearTable) {
     Socket& s = *f_.tcpMultiPlayer;
     MainVars& m = f_.m;
+    endSessionPrompts();
     s.Close();
     s.LocalPort = 0;
     f_.net.reset();

@@ -19,6 +19,10 @@ public:
     void tmrWinsockState_Timer();
     // The modal wait of the network, until something unloads it.
     void showStatus(long connectMode, const std::string& caption, const std::string& message);
+    // A wait of the session for the peer's answer; false when the session ended instead.
+    bool waitForPeer(const std::string& caption, const std::string& message);
+    // The session has ended: its questions and its waits for the peer close.
+    void endSessionPrompts();
     // Back to single play after the session has ended: the socket closed, the options kept.
     // With clearTable, the game of the session ends too, as a lost connection ends it.
     void fallBack(bool clearTable);

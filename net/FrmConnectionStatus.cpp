@@ -68,6 +68,7 @@ bool FrmConnectionStatus::Form_QueryUnload(bool byUser) {
     f_.tcpMultiPlayer->Close();
     f_.tcpMultiPlayer->LocalPort = 0;
     f_.net.reset();
+    f_.host.endSessionBoxes();
     f_.menu.mnuVChat.Enabled = false;
     f_.settings.WriteSettings(f_.g.gGameType, f_.g.gRounds, f_.connection.yakuFlag(), 0);
     f_.tmrWinsockState.setEnabled(false);

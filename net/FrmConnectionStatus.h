@@ -24,6 +24,11 @@ public:
     int AnimStep = 0;
     // Shown from the poll of the socket, which cannot tick while this form stands.
     bool shownByPoll = false;
+    // A wait of the session for the peer's answer, which ends with the session.
+    bool waitsForPeer = false;
+    bool endedWithSession = false;
+    // The wait that this one stands over, if any.
+    FrmConnectionStatus* covered() const { return covered_; }
 
     std::string Label1;
     std::array<bool, 3> imgCardVisible{};  // imgCard(0..2).Visible

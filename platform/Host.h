@@ -22,6 +22,8 @@ struct MsgBox {
     MsgIcon icon = MsgIcon::None;
     MsgButtons buttons = MsgButtons::OK;
     bool systemModal = false;
+    // A question of a network session: it closes, answered Cancel, when the session ends.
+    bool ofSession = false;
 };
 
 class Host {
@@ -45,6 +47,8 @@ public:
     virtual void post(std::function<void()> call) = 0;
 
     virtual MsgResult msgBox(const MsgBox& box) = 0;
+    // The network session has ended: the boxes of it that stand close, each answered Cancel.
+    virtual void endSessionBoxes() = 0;
     // Shows a form modally; returns once the form has unloaded.
     virtual void showModal(Form& form) = 0;
     // The model changed outside an input handler: draw it now.

@@ -57,9 +57,10 @@ void MatchEnd::sweepClaim() {
     f_.yaku.CountYakus();
 }
 
-bool MatchEnd::askPlayAgain() {
-    return f_.host.msgBox({"Do you want to play again?", "Play Again?", MsgIcon::Question, MsgButtons::YesNo}) ==
-           MsgResult::Yes;
+// Cancel: the question belonged to a network session that has ended while it stood.
+MsgResult MatchEnd::askPlayAgain() {
+    return f_.host.msgBox({"Do you want to play again?", "Play Again?", MsgIcon::Question, MsgButtons::YesNo, false,
+                           f_.g.gPlayMode != 0});
 }
 
 // A bounded number of passes that lets a peer's answer arrive.
@@ -87,7 +88,9 @@ void MatchEnd::endSingleGame() {
     CheckWinLose();
     const int dealt = f_.m.dealSerial;
     if (g.gPlayMode != 0 && !askingRematch(dealt)) return;
-    const bool again = askPlayAgain();
+    const MsgResult answer = askPlayAgain();
+    if (answer == MsgResult::Cancel) return;
+    const bool again = answer == MsgResult::Yes;
     if (g.gPlayMode != 0) pumpAfterQuestion();
     // A deal that came while the question stood or the events ran (from the wire, or the deck)
     // has its own leader already.
@@ -103,10 +106,9 @@ void MatchEnd::endSingleGame() {
         return;
     }
     if (f_.socketState() == 8) return;
-    answerRematch();
     // A deal that came from the wire while this side waited stands, and a game abandoned
     // meanwhile deals nothing.
-    if (f_.m.dealSerial != dealt) return;
+    if (!answerRematch() || f_.m.dealSerial != dealt) return;
     f_.dealer.NewGame(false);
     // In a rematch only the host deals, so that both sides play one deck; the client waits
     // for its DEAL.
@@ -128,11 +130,12 @@ void MatchEnd::declineRematch() {
 }
 
 // Yes to a rematch on a network: a peer that has not said yes yet is asked and waited for.
-void MatchEnd::answerRematch() {
+// False when the session ended while this side waited.
+bool MatchEnd::answerRematch() {
     const bool peerUndecided = f_.g.gRematchPending;
     f_.g.gRematchPending = false;
     f_.sendToPeer("NEWG,0");
-    if (peerUndecided) f_.waitForPeer("Please Wait...", "Asking your opponent for another game.");
+    return !peerUndecided || f_.waitForPeer("Please Wait...", "Asking your opponent for another game.");
 }
 
 void MatchEnd::endTournamentRound() {
@@ -177,7 +180,9 @@ void MatchEnd::endTournamentRound() {
     m.mTournamentYakus = 0;
     if (m.mRoundNo > g.gRounds) return;
     m.mRoundNo = 0;
-    const bool again = askPlayAgain();
+    const MsgResult answer = askPlayAgain();
+    if (answer == MsgResult::Cancel) return;
+    const bool again = answer == MsgResult::Yes;
     pumpAfterQuestion();
     if (!again) {
         declineRematch();
@@ -187,7 +192,7 @@ void MatchEnd::endTournamentRound() {
         f_.dealer.DealCards();
         return;
     }
-    if (f_.socketState() != 8) answerRematch();
+    if (f_.socketState() != 8 && !answerRematch()) return;
     if (f_.m.dealSerial != dealt) return;
     f_.dealer.NewGame(false);
     if (m.mTurn == 1) m.mPeerReady = false;

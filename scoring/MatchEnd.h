@@ -1,4 +1,5 @@
 #pragma once
+#include "platform/Host.h"
 
 namespace petal {
 
@@ -18,9 +19,9 @@ private:
     void sweepClaim();
     void endSingleGame();
     void endTournamentRound();
-    bool askPlayAgain();
+    MsgResult askPlayAgain();
     bool askingRematch(int dealt);
-    void answerRematch();
+    bool answerRematch();
     void declineRematch();
     void pumpAfterQuestion();
     void decideNextStarter();

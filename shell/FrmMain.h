@@ -118,9 +118,10 @@ public:
     void sendToPeer(const std::string& message) { net.send(message); }
     // The state of the TCP link: 0 closed, 7 connected, 8 the peer is closing.
     int socketState() const { return tcpMultiPlayer->State(); }
-    // Shows the modal wait of the network until the peer's answer unloads it.
-    void waitForPeer(const std::string& caption, const std::string& message) {
-        connection.showStatus(g.gPlayMode, caption, message);
+    // Shows the modal wait of the network until the peer's answer unloads it; false when the
+    // session ended instead.
+    bool waitForPeer(const std::string& caption, const std::string& message) {
+        return connection.waitForPeer(caption, message);
     }
 
     void restoreArrow() {

@@ -86,6 +86,47 @@ TEST_F(NetFixture, ARefusalThatComesBeforeThisSideAsksIsTold) {
     EXPECT_TRUE(client.shown("Your opponent declined a rematch."));
 }
 
+// A refused join tells the reason first, then asks; every try alike.
+TEST_F(SlowPlayers, ARefusedJoinTellsTheReasonThenAsksEachTime) {
+    int tries = 0;
+    client.answers = {{"Winsock Error 10061", MsgResult::OK}};
+    beforeAnswer = [&](Side&, const MsgBox& box) {
+        if (box.title == "Reconnect") client.answers["Reconnect"] = ++tries < 2 ? MsgResult::Yes : MsgResult::No;
+    };
+    act(client, [&] { client.f().mnuSetup_Click(); });  // nobody listens
+    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0 && !client.host.waiting(); }));
+    EXPECT_EQ(client.titles(),
+              (std::vector<std::string>{"Winsock Error 10061", "Reconnect", "Winsock Error 10061", "Reconnect"}));
+}
+
+// The client vanishes while the host's "Do you want to play again?" stands; the host connects
+// again and a new client joins. The question went with its session: it asks nothing of the new
+// one, and the host deals the new session's game from the deck.
+TEST_F(SlowPlayers, AQuestionOfTheSessionEndsWithIt) {
+    host.answers = {{"Connection Successful", MsgResult::OK},
+                    {"Remote Connection Closed", MsgResult::OK},
+                    {"Reconnect", MsgResult::Yes},
+                    {"Play Again?", MsgResult::Yes}};
+    client.answers = {{"Play Again?", MsgResult::Yes},        {"Winsock Error 10054", MsgResult::OK},
+                      {"Winsock Error 10061", MsgResult::OK}, {"Reconnect", MsgResult::Yes},
+                      {"Connection Successful", MsgResult::OK}};
+    ASSERT_TRUE(connect());
+    ASSERT_TRUE(deal());
+    bool closedWithItsSession = false;
+    beforeAnswer = [&](Side& side, const MsgBox& box) {
+        if (&side != &host || box.title != "Play Again?") return;
+        world.network().drop(false);
+        side.host.waitUntil([&] { return side.host.boxEnded() || host.boxes("Connection Successful") == 2; });
+        closedWithItsSession = side.host.boxEnded();
+    };
+    ASSERT_TRUE(playUntil([&] { return host.boxes("Connection Successful") == 2 && !host.host.waiting(); }));
+    world.advance(2000);
+    EXPECT_TRUE(closedWithItsSession);
+    EXPECT_EQ(host.f().connectionStatus, nullptr) << "no new client is asked for a rematch";
+    EXPECT_EQ(host.f().g.gGameInProgress, 0);
+    ASSERT_TRUE(deal());
+}
+
 struct StaleTable {
     const char* name;
     bool viaSetup;  // Setup, OK, "Reset Game" answered No; otherwise a reconnect after a failure

@@ -111,7 +111,10 @@ MsgResult QtHost::msgBox(const MsgBox& box) {
             break;
         case MsgButtons::RetryCancel: dialog.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel); break;
     }
-    switch (dialog.exec()) {
+    if (box.ofSession) sessionBoxes_.emplace_back(&dialog);
+    const int answer = dialog.exec();
+    if (box.ofSession) sessionBoxes_.pop_back();
+    switch (answer) {
         case QMessageBox::Ok: return MsgResult::OK;
         case QMessageBox::Yes: return MsgResult::Yes;
         case QMessageBox::No: return MsgResult::No;
@@ -137,6 +140,11 @@ void QtHost::showModal(Form& form) {
     open_.pop_back();
     if (form.loaded()) form.Unload();
     delete dialog;
+}
+
+void QtHost::endSessionBoxes() {
+    for (const QPointer<QMessageBox>& box : sessionBoxes_)
+        if (box) box->done(QMessageBox::Cancel);
 }
 
 // Centred on the table; one wider than the table keeps its right edge there, so that the score

@@ -219,11 +219,21 @@ MsgResult SimHost::msgBox(const MsgBox& box) {
     }
     if (onMsgBox) {
         const Nested loop(loopDepth_);
+        open_.push_back({box.ofSession, false});
+        struct Close {
+            std::vector<OpenBox>& open;
+            ~Close() { open.pop_back(); }
+        } close{open_};
         const MsgResult answer = onMsgBox(box);
         eventPass();  // the box's loop takes the click
-        return answer;
+        return open_.back().ended ? MsgResult::Cancel : answer;
     }
     throw UnexpectedPrompt("unexpected message box \"" + box.text + "\" (" + box.title + ")");
+}
+
+void SimHost::endSessionBoxes() {
+    for (OpenBox& box : open_)
+        if (box.ofSession) box.ended = true;
 }
 
 void SimHost::expectMsgBox(std::string text, std::string title, MsgResult answer) {

@@ -51,6 +51,9 @@ public:
     // In a world it may wait (host.waitUntil) for the other program to unload it.
     std::function<void(Form&)> onForm;
     const std::vector<MsgBox>& shownBoxes() const { return shown_; }
+    // The innermost box that a script is answering was closed by the end of its session: its
+    // answer goes nowhere.
+    bool boxEnded() const { return !open_.empty() && open_.back().ended; }
     int mousePointer() const { return pointer_; }
     int refreshCount() const { return refreshes_; }
 
@@ -62,6 +65,7 @@ public:
     // A call due now: it runs as the next event of this program.
     void post(std::function<void()> call) override { schedule(now(), std::move(call)); }
     MsgResult msgBox(const MsgBox& box) override;
+    void endSessionBoxes() override;
     void showModal(Form& form) override;
     void refresh() override { ++refreshes_; }
     void setMousePointer(int pointer) override { pointer_ = pointer; }
@@ -186,6 +190,11 @@ private:
     int year_ = 2026, month_ = 11, day_ = 22;
     std::deque<Expected> script_;
     std::vector<MsgBox> shown_;
+    struct OpenBox {
+        bool ofSession;
+        bool ended;
+    };
+    std::vector<OpenBox> open_;  // boxes that a script answers, innermost last
     int pointer_ = 0;
     int refreshes_ = 0;
     bool ending_ = false;

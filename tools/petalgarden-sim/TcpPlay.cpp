@@ -161,6 +161,12 @@ void TcpSide::play() {
         host_.dispatch([this] { setUp(); });
         return;
     }
+    // The peer ended the session after the last deal, and with it this side's question: the
+    // player closes the program.
+    if (done() && game.g.gPlayMode == 0) {
+        host_.dispatch([&game] { game.mnuExit_Click(); });
+        return;
+    }
     if (o_.host && game.g.gPlayMode == 1 && game.g.gGameInProgress == 0 && game.g.gConnectState == Socket::sckConnected &&
         game.socketState() == Socket::sckConnected && !game.m.mAutoDeal && !done()) {
         host_.dispatch([&game] { game.dealer.imgDeck_Click(); });
