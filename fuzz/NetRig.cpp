@@ -64,12 +64,13 @@ MsgResult NetRig::answer(const MsgBox& box) {
         return MsgResult::Yes;
     }
     if (title == "Connection Successful" || title == "Out of Step" || title == "Remote Connection Closed" ||
+        title == "Session Restarted" ||
         title == "Client Connection Closed" || title == "Rematch Declined" || title.rfind("Winsock Error ", 0) == 0 ||
         title.rfind("Connection Error ", 0) == 0)
         return MsgResult::OK;
     if (title == "Reconnect") return MsgResult::No;
     if (title == "Game In Progress" || title == "Cancel Connection" || title == "Close Connection" ||
-        title == "Reset Game")
+        title == "Reset Game" || title == "Opponent Connected")
         return MsgResult::Yes;
     fail("the program showed \"" + box.text + "\" (" + title + ")");
     return box.buttons == MsgButtons::YesNo ? MsgResult::No : MsgResult::OK;

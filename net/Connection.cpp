@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "net/FrmConnectionStatus.h"
+#include "net/JoinAddress.h"
 #include "platform/Host.h"
 #include "platform/Socket.h"
 #include "scoring/FrmScoreCard.h"
@@ -17,12 +18,15 @@ void Connection::StartConnection() {
     f_.net.reset();
     if (f_.g.gPlayMode == 1) {
         s.Close();
-        if (s.LocalPort == 0) s.LocalPort = kPort;
+        if (s.LocalPort == 0) s.LocalPort = port;
         s.Listen();
     } else if (f_.g.gPlayMode == 2) {
         s.Close();
-        if (s.RemoteHost != f_.g.gHostIP) s.RemoteHost = f_.g.gHostIP;
-        if (s.RemotePort == 0) s.RemotePort = kPort;
+        // Text that is no address goes whole, and the platform tells that no host answers to it.
+        const std::optional<JoinAddress> address = parseJoinAddress(f_.g.gHostIP);
+        const std::string host = address ? address->host : f_.g.gHostIP;
+        if (s.RemoteHost != host) s.RemoteHost = host;
+        s.RemotePort = address && address->port != 0 ? address->port : port;
     }
 }
 
@@ -55,7 +59,7 @@ void Connection::actOnState(int state) {
     Globals& g = f_.g;
     switch (state) {
         case Socket::sckListening:
-            showStatus(1, "Connection Status", "Waiting for your opponent to connect.");
+            showStatus(1, "Connection Status", "Waiting for your opponent to connect.", whereToJoin());
             break;
         case Socket::sckResolvingHost:
         case Socket::sckConnecting:
@@ -161,13 +165,26 @@ void Connection::socketFailed(int Number, const std::string& Description) {
     f_.tmrWinsockState.setEnabled(false);
 }
 
-void Connection::showStatus(long connectMode, const std::string& caption, const std::string& message) {
+void Connection::showStatus(long connectMode, const std::string& caption, const std::string& message,
+                            const std::string& detail) {
     FrmConnectionStatus status(f_);
     status.shownByPoll = f_.tmrWinsockState.ticking();
     status.ConnectMode = connectMode;
     status.StatusCaption = caption;
     status.StatusMessage = message;
+    status.StatusDetail = detail;
     f_.host.showModal(status);
+}
+
+// The host's addresses and port, for a player who tells the opponent where to join.
+std::string Connection::whereToJoin() const {
+    const std::vector<std::string> addresses = f_.host.localAddresses();
+    const std::string port = std::to_string(f_.tcpMultiPlayer->LocalPort);
+    if (addresses.empty()) return "This computer is on no network: only a game on this computer can join, at port " + port + ".";
+    std::string list;
+    for (std::size_t i = 0; i < addresses.size(); ++i)
+        list += (i == 0 ? "" : i + 1 == addresses.size() ? " or " : ", ") + addresses[i];
+    return "Your opponent can join at " + list + ", port " + port + ".";
 }
 
 bool Connection::waitForPeer(const std::string& caption, const std::string& message) {

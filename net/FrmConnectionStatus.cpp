@@ -30,6 +30,7 @@ void FrmConnectionStatus::Form_Load() {
     Timer1.setEnabled(f_.tmrWinsockState.Enabled());
     Caption = StatusCaption;
     Label1 = StatusMessage;
+    Label2 = StatusDetail;
 }
 
 void FrmConnectionStatus::Timer1_Timer() {

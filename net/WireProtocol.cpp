@@ -111,7 +111,7 @@ void WireProtocol::dispatchAll() {
         bool& flag;
         ~Reset() { flag = false; }
     } reset{dispatching_};
-    while (!arrived_.empty() && f_.g.gPlayMode > 0 && !f_.host.ending()) {
+    while (!arrived_.empty() && f_.g.gPlayMode > 0 && !f_.host.ending() && !leaving_) {
         const WireMessage message = std::move(arrived_.front());
         arrived_.pop_front();
         f_.recvBuffer() = message.text;
@@ -129,11 +129,16 @@ void WireProtocol::dispatch(const WireMessage& message) {
     } else if (tag == "QUIT") {
         moves_.clear();
         f_.dealer.NewGame(true);
+        // Told once the messages behind it have been dispatched: the host may deal at once.
+        if (!host) f_.host.post([this] { tellRestart(); });
     } else if (tag == "SCOP") {
         m.mPeerScoreOpen = true;
         if (host) m.mPeerReady = false;
     } else if (tag == "SCCL") {
-        if (host) m.mPeerReady = true;
+        if (host) {
+            m.mPeerReady = true;
+            if (f_.connectionStatus && f_.connectionStatus->waitsForPeer) f_.connectionStatus->Unload();
+        }
     } else if (tag == "NEWG") {
         const int answer = message.field(1) == "1" ? 1 : 0;
         if (rematchAsked_) receiveNewg(answer);
@@ -176,6 +181,13 @@ void WireProtocol::receiveNewg(int answer) {
     }
     if (f_.connectionStatus) f_.connectionStatus->Unload();
     if (answer == 1) tellRefusal();
+}
+
+void WireProtocol::tellRestart() {
+    if (f_.g.gPlayMode != 2) return;
+    f_.host.msgBox({"Your host has restarted the session: the game in progress has ended, and your host deals the "
+                    "next one.",
+                    "Session Restarted", MsgIcon::Information, MsgButtons::OK});
 }
 
 void WireProtocol::tellRefusal() {
@@ -241,6 +253,7 @@ void WireProtocol::rematchAsked() {
 }
 
 void WireProtocol::reset() {
+    leaving_ = false;
     received_.clear();
     framer_.clear();
     arrived_.clear();

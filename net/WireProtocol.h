@@ -58,6 +58,9 @@ public:
     // A message that the game cannot take: the player is told, the connection is closed and
     // the game falls back to single play.
     void outOfStep(std::string what);
+    // This side has said No to another game and is about to end: what comes meanwhile (the
+    // host's next deal, say) is no longer taken.
+    void leave() { leaving_ = true; }
     // A new connection, or none: what waits from the last one is dropped.
     void reset();
 
@@ -72,6 +75,7 @@ private:
     void receiveDeal(const WireMessage& message);
     void receiveNewg(int answer);
     void tellRefusal();
+    void tellRestart();
     void receiveSetup(const WireMessage& message);
     void receiveMove(const WireMessage& message);
     void tmrSettle_Timer();
@@ -89,6 +93,7 @@ private:
     bool dealtInSession_ = false;  // the host's options are no longer taken
     bool dealFromWire_ = false;
     bool dispatching_ = false;
+    bool leaving_ = false;
     Timer tmrSettle;
 };
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace petal {
 
@@ -71,6 +72,9 @@ public:
 
     // A TCP socket of this program; its events run as handlers on this host.
     virtual std::unique_ptr<Socket> createSocket() = 0;
+    // The addresses at which another machine may reach this one: IPv4 and IPv6, without the
+    // loopback and the IPv6 link-local addresses, which name nothing beyond a cable.
+    virtual std::vector<std::string> localAddresses() = 0;
 
     // Ends the program in good order: pending waits return, no further events are delivered.
     virtual void endProgram() = 0;

@@ -10,6 +10,8 @@
 #include "scoring/FrmScoreCard.h"
 #include "shell/FrmMain.h"
 #include "platform/Host.h"
+#include "platform/Socket.h"
+#include "platform/Timer.h"
 
 namespace petal {
 
@@ -125,7 +127,10 @@ bool MatchEnd::askingRematch(int dealt) {
 
 // No: the peer is told, and the program closes.
 void MatchEnd::declineRematch() {
-    if (f_.g.gPlayMode != 0) f_.sendToPeer("NEWG,1");
+    if (f_.g.gPlayMode != 0) {
+        f_.net.leave();
+        f_.sendToPeer("NEWG,1");
+    }
     f_.Unload();
 }
 
@@ -173,6 +178,7 @@ void MatchEnd::endTournamentRound() {
         } else {
             f_.dealer.NewGame(false);
             m.mAutoDeal = true;
+            awaitNextRound();
         }
         return;
     }
@@ -196,6 +202,25 @@ void MatchEnd::endTournamentRound() {
     if (f_.m.dealSerial != dealt) return;
     f_.dealer.NewGame(false);
     if (m.mTurn == 1) m.mPeerReady = false;
+}
+
+// The side that closed its card first is told what the next round waits for: the host for the
+// other card; the client for the host's deal, which comes at once if the host's card is closed.
+void MatchEnd::awaitNextRound() {
+    MainVars& m = f_.m;
+    if (f_.g.gPlayMode == 1) {
+        if (!m.mPeerReady) f_.waitForPeer("Please Wait...", "Waiting for your opponent to close the score card.");
+        return;
+    }
+    const int serial = m.dealSerial;
+    const auto waiting = [&] {
+        return m.dealSerial == serial && f_.g.gPlayMode == 2 && f_.socketState() == Socket::sckConnected;
+    };
+    bool late = false;
+    Timer grace(f_.host, [&late] { late = true; }, kNextRoundGraceMs);
+    grace.setEnabled(true);
+    f_.host.waitUntil([&] { return late || !waiting(); });
+    if (waiting()) f_.waitForPeer("Please Wait...", "Waiting for your host to start the next round.");
 }
 
 void MatchEnd::showScoreCard() {

@@ -9,6 +9,9 @@ class FrmMain;
 // offers, the tournament's score, and what comes next.
 class MatchEnd {
 public:
+    // How long a client that has closed its card waits for the next deal before it says so.
+    static constexpr int kNextRoundGraceMs = 1000;
+
     explicit MatchEnd(FrmMain& f) : f_(f) {}
 
     void EndMatch();
@@ -26,6 +29,7 @@ private:
     void pumpAfterQuestion();
     void decideNextStarter();
     void showScoreCard();
+    void awaitNextRound();
     void offerSingleHighScore(int p);
     void offerTournamentHighScore();
     int scoreOf(int side) const;

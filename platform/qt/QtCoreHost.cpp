@@ -3,6 +3,7 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QDate>
+#include <QNetworkInterface>
 #include <QTime>
 #include <QTimer>
 #include <cmath>
@@ -98,6 +99,23 @@ const ProgramFolders& QtCoreHost::folders() {
 }
 
 std::unique_ptr<Socket> QtCoreHost::createSocket() { return std::make_unique<QtSocket>(*this); }
+
+std::vector<std::string> QtCoreHost::localAddresses() {
+    std::vector<std::string> addresses;
+    for (const QNetworkInterface& interface : QNetworkInterface::allInterfaces()) {
+        const auto flags = interface.flags();
+        if (!(flags & QNetworkInterface::IsUp) || !(flags & QNetworkInterface::IsRunning) ||
+            (flags & QNetworkInterface::IsLoopBack))
+            continue;
+        for (const QNetworkAddressEntry& entry : interface.addressEntries()) {
+            const QHostAddress address = entry.ip();
+            if (address.isLoopback() || (address.protocol() == QAbstractSocket::IPv6Protocol && address.isLinkLocal()))
+                continue;
+            addresses.push_back(address.toString().toStdString());
+        }
+    }
+    return addresses;
+}
 
 void QtCoreHost::end(int status) {
     if (ending_) return;

@@ -44,6 +44,7 @@ public:
     std::filesystem::path programFolder() override;
     std::filesystem::path helpFolder() override;
     std::unique_ptr<Socket> createSocket() override;
+    std::vector<std::string> localAddresses() override;
     void endProgram() override { end(0); }
     void endProgramAfterFailure() override { end(1); }
     bool ending() const override { return ending_; }

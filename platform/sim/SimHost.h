@@ -78,6 +78,8 @@ public:
     void sendKeys(const std::string&) override {}
     bool mainFormShown() const { return mainFormShown_; }
     std::unique_ptr<Socket> createSocket() override;
+    std::vector<std::string> localAddresses() override { return addresses; }
+    std::vector<std::string> addresses = {"192.0.2.10", "2001:db8::10"};  // for documentation
     // The program's end closes its sockets, as a process's end does.
     void endProgram() override;
     void endProgramAfterFailure() override {

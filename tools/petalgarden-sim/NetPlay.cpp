@@ -139,10 +139,11 @@ MsgResult NetRun::answer(Side& side, const MsgBox& box) {
         side.lastError = std::stoi(box.title.substr(14));
         return MsgResult::OK;
     }
-    if (box.title == "Reset Game" || box.title == "Cancel Connection" || box.title == "Close Connection")
+    if (box.title == "Reset Game" || box.title == "Cancel Connection" || box.title == "Close Connection" ||
+        box.title == "Opponent Connected")
         return MsgResult::Yes;
     if (box.title == "Connection Successful" || box.title == "Remote Connection Closed" ||
-        box.title == "Client Connection Closed" || box.title == "Rematch Declined")
+        box.title == "Client Connection Closed" || box.title == "Rematch Declined" || box.title == "Session Restarted")
         return MsgResult::OK;
     fail(std::string(side.name()) + ": " + box.title + ": " + box.text);
     return box.buttons == MsgButtons::YesNo ? MsgResult::No : MsgResult::OK;

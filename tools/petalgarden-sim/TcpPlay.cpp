@@ -75,8 +75,9 @@ MsgResult TcpSide::answer(const MsgBox& box) {
         pause(5000);
         return MsgResult::No;
     }
-    if (box.title == "Connection Successful") return MsgResult::OK;
-    if (box.title == "Reset Game" || box.title == "Cancel Connection" || box.title == "Close Connection")
+    if (box.title == "Connection Successful" || box.title == "Session Restarted") return MsgResult::OK;
+    if (box.title == "Reset Game" || box.title == "Cancel Connection" || box.title == "Close Connection" ||
+        box.title == "Opponent Connected")
         return MsgResult::Yes;
     const bool peerGone = box.title == "Remote Connection Closed" || box.title == "Client Connection Closed" ||
                           box.title.rfind("Winsock Error ", 0) == 0 || box.title == "Rematch Declined";
@@ -137,11 +138,9 @@ void TcpSide::start() {
     });
 }
 
-// Setup, as a player opens it; the session's end sets the port back, so it is set each time.
+// Setup, as a player opens it, on the port of the command line.
 void TcpSide::setUp() {
-    Socket& socket = *f().tcpMultiPlayer;
-    if (o_.host) socket.LocalPort = o_.port;
-    else socket.RemotePort = o_.port;
+    f().connection.port = o_.port;
     f().mnuSetup_Click();
 }
 
