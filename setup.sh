@@ -38,7 +38,7 @@ if [ "${1:-}" = fuzz ]; then
         "build-fuzz/corpus/$target" "tests/fuzz-corpus/$target"
 fi
 
-install cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 libsqlite3-dev libgtest-dev \
+install cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 qt6-multimedia-dev libqt6multimedia6 libsqlite3-dev libgtest-dev python3 \
     fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev
 
 # A developer's machine with ccache rebuilds from its cache; a clean CI machine has none.

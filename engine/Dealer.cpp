@@ -48,6 +48,7 @@ void Dealer::NewGame(bool ClearOnly) {
     }
     for (Image& banner : c.imgWinLose) banner.Picture = NoPicture;
     if (ClearOnly) {
+        f_.journal.abandoned();
         f_.g.gGameInProgress = 0;
         m.mPeerReady = m.mLocalReady = true;
         m.mAutoDeal = false;  // an abandoned tournament deals no next round
@@ -147,8 +148,10 @@ void Dealer::DealCards() {
     Globals& g = f_.g;
     f_.setMousePointer(FrmMain::kPointerHourglass);
     ++serial_;
+    const bool newGame = g.gGameInProgress == 0;
     f_.net.dealStarted();
     NewGame(false);
+    const std::uint64_t rndBefore = f_.rnd.state();
     ShuffleCards();
     if (g.gPlayMode > 0) {
         g.gLocalLeads = m.mTurn <= 0;
@@ -175,6 +178,7 @@ void Dealer::DealCards() {
     f_.tmrFlipTimer.setInterval(500);
     showLeader();
     if (f_.events) f_.events->dealt();
+    f_.journal.dealt(newGame, rndBefore);
 }
 
 void Dealer::layOutDeal() {

@@ -18,12 +18,17 @@ void DeckFlip::FlipCard() {
     c.imgFlipCard.Tag = m.mDeckPos;
     c.imgFlipCard.Picture = m.mCards.at(m.mDeckPos).Picture;
     c.imgFlipCard.ToolTipText = cardToolTip(m.mCards[m.mDeckPos]);
+    f_.playSoundFile("flip.wav");
     if (best > -1) {
         c.shpFlipCard.BorderColor = m.mHiliteColor.at(m.mTurn);
         c.shpFlipCard.Visible = true;
     }
     if (m.mTurn == 1) m.mCompDeckPos = m.mDeckPos;
-    if (best != -1) return;
+    if (best != -1) {
+        // The player's card waits to be placed: the hand card's move is complete.
+        if (m.mTurn == 0) f_.journal.flipRests();
+        return;
+    }
 
     // No match: the card stands for the flip timer's pause, then lies down by itself. Clicks
     // that come in meanwhile meet the hourglass (the hand pointer too gives way to it) and the
@@ -40,6 +45,7 @@ void DeckFlip::FlipCard() {
     const int turn = m.mTurn;
     const int slot = f_.play.AddCardToTable(m.mDeckPos);
     if (f_.events) f_.events->moved(turn == 0 ? 0 : 1, true, m.mDeckPos, -1, slot);
+    if (turn == 0) f_.journal.flipRests();
     if (m.mCompPlays == 8 && m.mPlayerPlays == 8) f_.EndMatch();
 }
 

@@ -131,6 +131,7 @@ void HandPlay::imgTCard_Click(int Slot) {
         played = f_.g.gPlayMode == 2 ? static_cast<int>(c.imgPCard.at(handSlot).Tag.value()) : handSlot;
     else
         played = c.imgFlipCard.Tag.value();
+    if (fromHand) f_.journal.handPlayed(handSlot, Slot);
     f_.piles.captureFromTable(0, Slot, played, !fromHand);
     f_.piles.CalcPlayerPoints();
     if (fromHand) {
@@ -145,6 +146,7 @@ void HandPlay::imgTCard_Click(int Slot) {
     if (f_.g.gPlayMode > 0)
         f_.sendToPeer("CARD," + (fromHand ? c.shpPHilite.Tag.text() : std::to_string(played)) + "," + std::to_string(Slot));
     passTurnIfFlipped();
+    if (!fromHand) f_.journal.flipPlaced(Slot);
     if (fromHand)
         f_.flip.FlipCard();
     else if (m.mPlayerPlays == 8 && m.mCompPlays == 8)
@@ -169,6 +171,7 @@ void HandPlay::imgTable_Click() {
         const int s = c.shpPHilite.Tag.value();
         const int p = c.imgPCard.at(s).Tag.value();
         if (RelativeCheck(p, true) != -1) return;
+        f_.journal.handPlayed(s, -1);
         const int slot = AddCardToTable(p);
         if (f_.events) f_.events->moved(0, false, p, -1, slot);
         if (f_.g.gPlayMode > 0) f_.sendToPeer("CARD," + std::to_string(s) + ",-1");
@@ -199,6 +202,7 @@ int HandPlay::AddCardToTable(int Position) {
     card.ToolTipText = cardToolTip(f_.m.mCards[Position]);
     card.Tag = Position;
     card.Visible = true;
+    f_.playSoundFile("lay.wav");
     if (f_.m.mTurn == 0) passTurnIfFlipped();
     return slot;
 }

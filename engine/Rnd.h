@@ -13,6 +13,9 @@ public:
     // The reset call: back to the fixed starting state.
     void reset() { s_ = kStart; }
     void seed(double value) { s_ ^= std::bit_cast<std::uint64_t>(value); }
+    // A saved game starts its replay from the state its first deal found.
+    std::uint64_t state() const { return s_; }
+    void setState(std::uint64_t state) { s_ = state; }
     // At least 0 and below 1, 53 bits of resolution.
     double next() {
         s_ += 0x9E3779B97F4A7C15ULL;

@@ -18,6 +18,7 @@ void Chat::show() {
 }
 
 void Chat::receive(const std::string& line) {
+    f_.playSoundFile("chat.wav");
     if (shown_ && shown_->loaded()) {
         shown_->receiveLine(line);
         return;

@@ -1,6 +1,7 @@
 #include "opponent/Computer.h"
 
 #include "cards/Val.h"
+#include "opponent/StrongSearch.h"
 #include "shell/FrmMain.h"
 #include "platform/Host.h"
 
@@ -70,12 +71,13 @@ void Computer::endTurn() {
     if (!(m.mPlayerPlays == 8 && m.mCompPlays == 8)) {
         f_.tmrComputer.setEnabled(false);
         handMarkersToLocal();
-        return;
+    } else {
+        // Both hands are empty: the timer stays on for exactly one more tick, which ends the deal.
+        f_.ctl.panel[1].imgTurn.Visible = false;
+        f_.ctl.panel[0].imgTurn.Visible = false;
+        if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = true;
     }
-    // Both hands are empty: the timer stays on for exactly one more tick, which ends the deal.
-    f_.ctl.panel[1].imgTurn.Visible = false;
-    f_.ctl.panel[0].imgTurn.Visible = false;
-    if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = true;
+    f_.journal.computerTurnEnded();
 }
 
 void Computer::closingTick() {
@@ -102,7 +104,10 @@ void Computer::handMarkersToLocal() {
     if (f_.g.gPlayMode > 0) f_.menu.mnuVChat.Enabled = true;
 }
 
+bool Computer::strong() const { return f_.g.gPlayMode == 0 && f_.options.text(kOption, "standard") == "strong"; }
+
 void Computer::CompSelectCard() {
+    if (strong() && selectStrong()) return;
     const MainVars& m = f_.m;
     const TableModel& c = f_.ctl;
     int bestValue = 0, bestSlot = 0;
@@ -149,16 +154,39 @@ void Computer::commitSelection(int slot, bool highlight) {
     card.Tag = -1;
 }
 
+bool Computer::selectStrong() {
+    const HandMove move = StrongSearch::choose(sightOf(f_, 1));
+    if (move.handSlot < 0) return false;
+    commitSelection(move.handSlot, move.tableSlot >= 0);
+    plannedCard_ = f_.m.mCompDeckPos;
+    plannedSlot_ = move.tableSlot;
+    return true;
+}
+
+int Computer::strongTake(int best) {
+    const MainVars& m = f_.m;
+    int slot = best;
+    if (m.mCompPhase == 1) {
+        if (plannedCard_ == m.mCompDeckPos) slot = plannedSlot_;
+    } else {
+        slot = StrongSearch::choose(sightOf(f_, 1)).tableSlot;
+    }
+    // The drop has just framed every match: a choice that is not among them is not taken.
+    const auto& frames = f_.ctl.shpTHilite;
+    return slot >= 0 && slot < static_cast<int>(frames.size()) && frames[slot].Visible ? slot : best;
+}
+
 void Computer::CompDropCard() {
     MainVars& m = f_.m;
     TableModel& c = f_.ctl;
     // A click on the table between the select and the drop tick has laid the card down already.
     if (m.mCompPhase == 1 && !c.imgCCard.at(m.mCompCard).hasPicture()) return;
-    const int t = f_.play.RelativeCheck(m.mCompDeckPos, true);
+    int t = f_.play.RelativeCheck(m.mCompDeckPos, true);
     if (t == -1) {
         f_.play.imgTable_Click();
         return;
     }
+    if (strong()) t = strongTake(t);
     f_.piles.captureFromTable(1, t, m.mCompDeckPos, m.mCompPhase != 1);
     f_.piles.CalcPlayerPoints();
     if (m.mCompPhase == 1) {

@@ -57,6 +57,11 @@ public:
 
     virtual void setMousePointer(int pointer) = 0;
 
+    // Plays the sound that a path's file name names, if the platform has that sound and a device
+    // to play it on; it never waits and never tells of a failure. Every host says what it does
+    // with it, so that a host passing calls on cannot drop it unawares.
+    virtual void playSound(const std::string& path) = 0;
+
     virtual std::string timeText() = 0;  // "HH:MM:SS", 24-hour
     virtual std::string dateText() = 0;  // "mm/dd/yyyy"
 

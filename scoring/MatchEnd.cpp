@@ -22,6 +22,7 @@ int MatchEnd::scoreOf(int side) const {
 void MatchEnd::EndMatch() {
     sweepClaim();
     if (f_.events) f_.events->dealEnded();
+    f_.journal.roundOver();
     if (f_.g.gGameType == 0)
         endSingleGame();
     else
@@ -38,6 +39,7 @@ void MatchEnd::sweepClaim() {
     if (c.panel[0].imgGagi.Visible) claimant = 0;
     else if (c.panel[1].imgGagi.Visible) claimant = 1;
     if (claimant < 0) return;
+    bool took = false;
     const CardRecord& marked = m.mCards.at(c.panel[claimant].imgGagi.Tag.value());
     for (std::size_t i = 0; i < c.imgTCard.size(); ++i) {
         if (!c.imgTCard[i].hasPicture()) continue;
@@ -53,9 +55,11 @@ void MatchEnd::sweepClaim() {
             c.imgTCard[i].clearCard();
             f_.host.refresh();
             f_.piles.CalcPlayerPoints();
+            took = true;
         }
         m.mTurn = saved;
     }
+    if (took) f_.playSoundFile("capture.wav");
     f_.yaku.CountYakus();
 }
 
@@ -87,7 +91,10 @@ void MatchEnd::decideNextStarter() {
 void MatchEnd::endSingleGame() {
     Globals& g = f_.g;
     g.gGameInProgress = 0;
+    // A single game's end rings as a tournament's round does, with the banners.
+    playRoundSound(scoreOf(0), scoreOf(1));
     CheckWinLose();
+    f_.journal.offersDone();
     const int dealt = f_.m.dealSerial;
     if (g.gPlayMode != 0 && !askingRematch(dealt)) return;
     const MsgResult answer = askPlayAgain();
@@ -153,6 +160,7 @@ void MatchEnd::endTournamentRound() {
     g.gRoundScores[0].at(m.mRoundNo) = p;
     g.gRoundScores[1].at(m.mRoundNo) = c;
     CheckWinLose();
+    f_.journal.offersDone();
     f_.setMousePointer(FrmMain::kPointerHourglass);
     const int dealt = f_.m.dealSerial;
     if (g.gPlayMode != 0 && !askingRematch(dealt)) {
@@ -289,7 +297,11 @@ void MatchEnd::offerTournamentHighScore() {
 
 void MatchEnd::EndComment() {
     const int round = f_.m.mRoundNo;
-    const int p = f_.g.gRoundScores[0].at(round), c = f_.g.gRoundScores[1].at(round);
+    playRoundSound(f_.g.gRoundScores[0].at(round), f_.g.gRoundScores[1].at(round));
+}
+
+// Won or lost by up to 50, by up to 100, or by more; or tied.
+void MatchEnd::playRoundSound(int p, int c) {
     const int d = std::abs(p - c);
     const int level = d < 51 ? 1 : d <= 100 ? 2 : 3;
     if (p == c)

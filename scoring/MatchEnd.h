@@ -17,6 +17,8 @@ public:
     void EndMatch();
     void CheckWinLose();
     void EndComment();
+    // A side's score in the round just played, as its total label shows it.
+    int scoreOf(int side) const;
 
 private:
     void sweepClaim();
@@ -32,7 +34,7 @@ private:
     void awaitNextRound();
     void offerSingleHighScore(int p);
     void offerTournamentHighScore();
-    int scoreOf(int side) const;
+    void playRoundSound(int p, int c);
 
     FrmMain& f_;
 };

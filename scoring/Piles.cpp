@@ -109,6 +109,7 @@ void Piles::captureFromTable(int side, int slot, int played, bool fromDeck) {
     }
     c.imgTCard[slot].clearCard();
     c.shpTHilite.at(slot).Visible = false;
+    f_.playSoundFile("capture.wav");
     if (f_.events) f_.events->moved(side, fromDeck, played, pair[0], slot);
 }
 

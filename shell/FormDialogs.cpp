@@ -6,8 +6,10 @@
 #include "net/PetalChatDialog.h"
 #include "records/FrmHOF.h"
 #include "records/FrmHOFWinner.h"
+#include "records/FrmStatistics.h"
 #include "records/HofDialog.h"
 #include "records/HofWinnerDialog.h"
+#include "records/StatisticsDialog.h"
 #include "scoring/FrmScoreCard.h"
 #include "scoring/ScoreCardDialog.h"
 #include "shell/FrmSetup.h"
@@ -27,6 +29,9 @@ void registerFormDialogs(QtHost& host, PictureStore& pictures) {
     });
     host.registerDialog("frmHOF", [&host, &pictures](Form& form, QWidget* parent) {
         return new HofDialog(static_cast<FrmHOF&>(form), host, pictures, parent);
+    });
+    host.registerDialog("frmStatistics", [&host](Form& form, QWidget* parent) {
+        return new StatisticsDialog(static_cast<FrmStatistics&>(form), host, parent);
     });
     host.registerDialog("frmConnectionStatus", [&host, &pictures](Form& form, QWidget* parent) {
         return new ConnectionStatusDialog(static_cast<FrmConnectionStatus&>(form), host, pictures, parent);

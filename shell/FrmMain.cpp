@@ -1,6 +1,7 @@
 #include "shell/FrmMain.h"
 
 #include "records/FrmHOF.h"
+#include "records/FrmStatistics.h"
 #include "records/HallOfFame.h"
 #include "scoring/FrmScoreCard.h"
 #include "platform/FatalError.h"
@@ -26,10 +27,13 @@ FrmMain::FrmMain(Host& host_, Globals& g_, HallOfFame& hof_)
       yaku(*this),
       matchEnd(*this),
       computer(*this),
+      hint(*this),
       remote(*this),
       net(*this),
       connection(*this),
-      chat(*this) {
+      chat(*this),
+      journal(*this),
+      stats(host_) {
     net.chatReceived = [this](const std::string& line) { chat.receive(line); };
     tcpMultiPlayer->ConnectionRequest = [this](long id) { connection.tcpMultiPlayer_ConnectionRequest(id); };
     tcpMultiPlayer->DataArrival = [this](long bytes) { net.tcpMultiPlayer_DataArrival(bytes); };
@@ -41,6 +45,17 @@ void FrmMain::setMousePointer(int pointer) {
     if (pointer == mousePointer_) return;
     mousePointer_ = pointer;
     host.setMousePointer(pointer);
+}
+
+void FrmMain::PlaySound(const std::string& path) {
+    lastSound_ = path;
+    if (menu.mnuSound.Checked) host.playSound(path);
+}
+
+void FrmMain::playSoundFile(std::string_view name) {
+    if (programFolderSlash_.empty()) programFile({});
+    lastSound_.assign(programFolderSlash_).append(name);
+    if (menu.mnuSound.Checked) host.playSound(lastSound_);
 }
 
 // The folder is asked of the host once: the sound calls of every capture build paths in it.
@@ -57,6 +72,8 @@ void FrmMain::Form_Load() {
     if (!options.problem().empty())
         host.msgBox({options.problem() + "\n\nThe game goes on with its usual options.", "Petalgarden",
                      MsgIcon::Exclamation, MsgButtons::OK});
+    menu.mnuSound.Checked = options.flag("sound", true);
+    menu.mnuAnimations.Checked = options.flag("animations", true);
     m.mHiliteColor = {0xFF0000, 0x0000FF};
     static constexpr const char* kCodes[24] = {"11", "12", "13", "21", "22", "23", "31", "32",
                                                "33", "41", "42", "43", "51", "52", "53", "61",
@@ -91,6 +108,11 @@ void FrmMain::mnuVScore_Click() {
 void FrmMain::mnuVHallofFame_Click() {
     FrmHOF hall(g, hof);
     host.showModal(hall);
+}
+
+void FrmMain::mnuStatistics_Click() {
+    FrmStatistics record(host, stats);
+    host.showModal(record);
 }
 
 void FrmMain::mnuHAbout_Click() {
@@ -137,6 +159,14 @@ void FrmMain::mnuSetup_Click() {
     if (!trapped([this] { connection.StartConnection(); })) return;
     menu.mnuVChat.Enabled = true;
     if (g.gPlayMode == 2) trapped([this] { tcpMultiPlayer->Connect(); });
+}
+
+// The mark turns at once and the file keeps it for the next start; a file that cannot be
+// written is told, and the choice holds for this run.
+void FrmMain::toggleOption(MenuItem& item, const std::string& key) {
+    item.Checked = !item.Checked;
+    const std::string failure = options.setFlag(key, item.Checked);
+    if (!failure.empty()) host.msgBox({failure, "Petalgarden", MsgIcon::Exclamation, MsgButtons::OK});
 }
 
 void FrmMain::Unload() {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "cards/Globals.h"
 #include "cards/MainVars.h"
@@ -17,12 +18,15 @@
 #include "net/RemoteReplay.h"
 #include "net/WireProtocol.h"
 #include "opponent/Computer.h"
+#include "opponent/Hint.h"
 #include "records/Gardenia.h"
 #include "records/OwnOptions.h"
+#include "records/Statistics.h"
 #include "scoring/MatchEnd.h"
 #include "scoring/Piles.h"
 #include "scoring/Yaku.h"
 #include "shell/GameEvents.h"
+#include "shell/GameJournal.h"
 #include "shell/MenuModel.h"
 #include "platform/Socket.h"
 #include "platform/Timer.h"
@@ -69,10 +73,13 @@ public:
     Yaku yaku;
     MatchEnd matchEnd;
     Computer computer;
+    Hint hint;
     RemoteReplay remote;
     WireProtocol net;
     Connection connection;
     Chat chat;
+    GameJournal journal;  // the save of a game in progress, and each game's statistics
+    Statistics stats;
 
     // The forms of these kinds on screen, if any: others unload them.
     FrmConnectionStatus* connectionStatus = nullptr;
@@ -88,13 +95,20 @@ public:
     void Unload();
 
     void mnuExit_Click() { Unload(); }
+    void mnuSound_Click() { toggleOption(menu.mnuSound, "sound"); }
+    void mnuAnimations_Click() { toggleOption(menu.mnuAnimations, "animations"); }
     void mnuVChat_Click() { chat.show(); }
     void mnuVScore_Click();
     void mnuSetup_Click();
     void mnuVHallofFame_Click();
+    void mnuStatistics_Click();
     void mnuHAbout_Click();
     // Help has no call of its own: the entry presses F1 for the user, and F1 opens helpFile.
     void mnuHHelp_Click();
+    void mnuHint_Click() { hint.mnuHint_Click(); }
+    // The menu flags that follow the game's state rather than its events: the hint is offered
+    // exactly when a move of the player's waits in single play.
+    void syncMenu() { menu.mnuHint.Enabled = hint.offered(); }
 
     // Each takes away only the hand pointer, so the hourglass survives every mouse movement.
     void Form_MouseMove() { restoreArrow(); }
@@ -103,9 +117,12 @@ public:
     void Picture1_MouseMove() { restoreArrow(); }
     void Picture2_MouseMove() { restoreArrow(); }
 
-    // The one call for sounds. Nothing is played: the calls and file names stand ready, and the
-    // last path asked for is kept for tests.
-    void PlaySound(const std::string& path) { lastSound_ = path; }
+    // The one call for sounds, a file's full path in the program's folder: the host plays it
+    // while Game > Sound is checked. The last path asked for is kept for tests.
+    void PlaySound(const std::string& path);
+    // The same for a file of the program's folder by name, the path built where the last one
+    // stood: the sounds of every move cost no allocation.
+    void playSoundFile(std::string_view name);
     const std::string& lastSound() const { return lastSound_; }
     // name: a file's name, no folder in it.
     std::string programFile(const std::string& name) const;
@@ -129,6 +146,8 @@ public:
     }
 
 private:
+    void toggleOption(MenuItem& item, const std::string& key);
+
     int mousePointer_ = kPointerDefault;
     // The program's folder and the separator that joins a file name to it, found once.
     mutable std::string programFolderSlash_;

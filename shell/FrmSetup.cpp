@@ -24,6 +24,7 @@ void FrmSetup::Form_Load() {
     chkUseYaku = f_.g.gUseYaku ? 1 : 0;
     selectGame(f_.g.gPlayMode);
     txtHostIP.Text = f_.g.gHostIP;
+    selectComputer(f_.options.text(Computer::kOption, "standard") == "strong" ? 1 : 0);
 }
 
 void FrmSetup::selectGameType(int index) {
@@ -48,6 +49,7 @@ void FrmSetup::optGameType_Click(int Index) {
 }
 
 void FrmSetup::optGame_Click(int Index) {
+    computerEnabled = Index == 0;
     if (Index == 2) {
         txtHostIP.Enabled = true;
         txtHostIP.BackColor = kWhite;
@@ -89,6 +91,11 @@ int FrmSetup::selectedPlayMode() const {
 void FrmSetup::writeChoices(int playMode) {
     const long rounds = Val(txtRounds.Text);
     f_.settings.WriteSettings(optGameType[0] ? 0 : 1, static_cast<int>(rounds), chkUseYaku ? -1 : 0, playMode);
+    // The choice holds for this run even when its file cannot be written; the player is told.
+    const std::string problem = f_.options.set(Computer::kOption, optComputer[1] ? "strong" : "standard");
+    if (!problem.empty())
+        f_.host.msgBox({problem + "\n\nThe computer you chose plays until the program ends.", "Petalgarden",
+                        MsgIcon::Exclamation, MsgButtons::OK});
 }
 
 void FrmSetup::cmdOK_Click() {

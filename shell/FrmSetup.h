@@ -1,6 +1,7 @@
 #pragma once
-// The setup dialog's model: game type, rounds, yaku and play mode, their validation, and the
-// reset of a running game. Made anew at each opening, so each starts from its built state.
+// The setup dialog's model: game type, rounds, yaku, play mode and the computer to play
+// against, their validation, and the reset of a running game. Made anew at each opening, so
+// each starts from its built state.
 #include <array>
 #include <cstdint>
 #include <string>
@@ -36,6 +37,10 @@ public:
     SetupTextBox txtRounds;
     int chkUseYaku = 1;
     SetupTextBox txtHostIP;
+    // Ours: the standard computer or the strong one, kept in the options file of our own; it
+    // plays in single play only, so it is offered only there.
+    std::array<bool, 2> optComputer{true, false};
+    bool computerEnabled = true;
     Field mInvalidControl = Field::None;
     Field focus = Field::None;  // where the view puts the focus
     bool mSetupOK = false;
@@ -48,6 +53,7 @@ public:
     // A click on an option button: selecting one that is not yet selected raises its handler.
     void selectGameType(int index);
     void selectGame(int index);
+    void selectComputer(int index) { optComputer = {index == 0, index == 1}; }
     void optGameType_Click(int Index);
     void optGame_Click(int Index);
     // Digits and backspace pass; any other key is swallowed (0).

@@ -34,6 +34,7 @@ void MainWindow::buildMenus() {
             }
             QAction* action = qmenu->addAction(QString::fromStdString(item->Caption));
             action->setObjectName(QString::fromStdString(item->name));
+            action->setCheckable(item->checkable);
             if (!item->shortcut.empty()) action->setShortcut(QKeySequence(QString::fromStdString(item->shortcut)));
             connect(action, &QAction::triggered, this, [this, item] { runMenu(*item); });
             actions_[item] = action;
@@ -45,18 +46,27 @@ void MainWindow::runMenu(const MenuItem& item) {
     MenuModel& menu = game_.menu;
     host_.dispatch([this, &item, &menu] {
         if (&item == &menu.mnuExit) game_.mnuExit_Click();
+        else if (&item == &menu.mnuSound) game_.mnuSound_Click();
+        else if (&item == &menu.mnuAnimations) game_.mnuAnimations_Click();
         else if (&item == &menu.mnuVChat) game_.mnuVChat_Click();
         else if (&item == &menu.mnuVScore) game_.mnuVScore_Click();
         else if (&item == &menu.mnuSetup) game_.mnuSetup_Click();
         else if (&item == &menu.mnuVHallofFame) game_.mnuVHallofFame_Click();
+        else if (&item == &menu.mnuStatistics) game_.mnuStatistics_Click();
         else if (&item == &menu.mnuHAbout) game_.mnuHAbout_Click();
         else if (&item == &menu.mnuHHelp) game_.mnuHHelp_Click();
+        else if (&item == &menu.mnuHint) game_.mnuHint_Click();
     });
 }
 
 void MainWindow::sync() {
     setWindowTitle(QString::fromStdString(game_.Caption));
-    for (auto& [item, action] : actions_) action->setEnabled(item->Enabled);
+    game_.syncMenu();
+    for (auto& [item, action] : actions_) {
+        action->setEnabled(item->Enabled);
+        // The mark follows the model, which the item's handler has turned.
+        if (item->checkable) action->setChecked(item->Checked);
+    }
     table_->update();
 }
 

@@ -66,12 +66,26 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
                             "Join A Game (client side component)"};
     for (int i = 0; i < 3; ++i) {
         game_[i] = new QRadioButton(QString::fromLatin1(modes[i]), frame2);
-        modeLayout->addWidget(game_[i], i, 0, 1, 2);
+        modeLayout->addWidget(game_[i], i == 0 ? 0 : i + 1, 0, 1, 2);
         onClick(game_[i], [this, i] { form_.selectGame(i); });
     }
+    // Under single play, whose opponent it is; a row of its own, so that its two buttons
+    // exclude each other and not the play modes.
+    computerRow_ = new QWidget(frame2);
+    auto* computerLayout = new QHBoxLayout(computerRow_);
+    computerLayout->setContentsMargins(24, 0, 0, 0);
+    computerLayout->addWidget(new QLabel(QStringLiteral("Computer:"), computerRow_));
+    const char* computers[2] = {"Standard", "Strong"};
+    for (int i = 0; i < 2; ++i) {
+        computer_[i] = new QRadioButton(QString::fromLatin1(computers[i]), computerRow_);
+        computerLayout->addWidget(computer_[i]);
+        onClick(computer_[i], [this, i] { form_.selectComputer(i); });
+    }
+    computerLayout->addStretch();
+    modeLayout->addWidget(computerRow_, 1, 0, 1, 2);
     hostIP_ = new QLineEdit(frame2);
-    modeLayout->addWidget(new QLabel(QStringLiteral("Host IP"), frame2), 3, 0);
-    modeLayout->addWidget(hostIP_, 3, 1);
+    modeLayout->addWidget(new QLabel(QStringLiteral("Host IP"), frame2), 4, 0);
+    modeLayout->addWidget(hostIP_, 4, 1);
     top->addWidget(frame2, 1, 0, 1, 2);
 
     auto* ok = new QPushButton(QStringLiteral("OK"), this);
@@ -100,6 +114,8 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
 void SetupDialog::sync() {
     for (int i = 0; i < 2; ++i) gameType_[i]->setChecked(form_.optGameType[i]);
     for (int i = 0; i < 3; ++i) game_[i]->setChecked(form_.optGame[i]);
+    for (int i = 0; i < 2; ++i) computer_[i]->setChecked(form_.optComputer[i]);
+    computerRow_->setEnabled(form_.computerEnabled);
     roundsLabel_->setEnabled(form_.lblRoundsEnabled);
     if (rounds_->text().toStdString() != form_.txtRounds.Text) rounds_->setText(QString::fromStdString(form_.txtRounds.Text));
     if (hostIP_->text().toStdString() != form_.txtHostIP.Text) hostIP_->setText(QString::fromStdString(form_.txtHostIP.Text));

@@ -32,6 +32,8 @@ private:
     QLineEdit* rounds_;
     QCheckBox* yaku_;
     QLineEdit* hostIP_;
+    QWidget* computerRow_;
+    QRadioButton* computer_[2];
 };
 
 }  // namespace petal

@@ -22,6 +22,7 @@ int main(int argc, char** argv) {
     for (int size : {16, 24, 32, 48, 64, 128, 256}) icon.addPixmap(pictures.pixmap(petal::pic::AppIcon, QSize(size, size), 1.0));
     app.setWindowIcon(icon);
     petal::Program program(host);
+    program.keepGames();
     petal::MainWindow window(program.frmMain, host, pictures);
     host.setMainWidget(&window);
     host.onModelChanged = [&window] { window.sync(); };

@@ -45,8 +45,8 @@ void GameFixture::restart() {
     start();
 }
 
-void dealWith(FrmMain& game, std::initializer_list<int> hand, std::initializer_list<int> opposite,
-              std::initializer_list<int> table, std::initializer_list<int> deck) {
+void dealWith(FrmMain& game, const std::vector<int>& hand, const std::vector<int>& opposite,
+              const std::vector<int>& table, const std::vector<int>& deck) {
     FrmMain* f = &game;
     const std::vector<int> zones[4] = {hand, opposite, table, deck};
     const std::size_t sizes[4] = {8, 8, 8, 24};

@@ -45,8 +45,8 @@ std::string fileText(const std::filesystem::path& file);
 
 // Deals with the given catalogue indices at positions 0.. (the rest follow in catalogue order):
 // the local hand, the opposite hand, the table, then the deck.
-void dealWith(FrmMain& f, std::initializer_list<int> hand, std::initializer_list<int> opposite,
-              std::initializer_list<int> table, std::initializer_list<int> deck = {});
+void dealWith(FrmMain& f, const std::vector<int>& hand, const std::vector<int>& opposite,
+              const std::vector<int>& table, const std::vector<int>& deck = {});
 
 class GameFixture : public ::testing::Test {
 protected:
@@ -56,8 +56,8 @@ protected:
     void start();
     // A fresh host and program in the same folder, started again.
     void restart();
-    void dealWith(std::initializer_list<int> hand, std::initializer_list<int> opposite,
-                  std::initializer_list<int> table, std::initializer_list<int> deck = {}) {
+    void dealWith(const std::vector<int>& hand, const std::vector<int>& opposite, const std::vector<int>& table,
+                  const std::vector<int>& deck = {}) {
         test::dealWith(*f, hand, opposite, table, deck);
     }
     // Runs the simulated clock until the local player may act again or the deal has ended.

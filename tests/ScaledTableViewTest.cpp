@@ -115,6 +115,8 @@ TEST_P(ScaledTable, KeysGoThroughTheViewToTheSameHandlers) {
 
 TEST_P(ScaledTable, PicturesAreRenderedOnceForTheDevicePixelsTheyFill) {
     click(game().ctl.imgDeck);
+    view->repaint();
+    QTRY_VERIFY(!view->animating());  // the deal's cards have landed
     const Image& card = game().ctl.imgPCard[3];
     for (const qreal dpr : {view->devicePixelRatioF(), 1.5, 2.0}) {
         const QImage painted = paintAt(dpr);

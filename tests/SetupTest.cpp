@@ -173,6 +173,27 @@ TEST_F(Setup, ARunningGameAsksBeforeItIsReset) {
     EXPECT_EQ(f->m.mTurn, 0);
 }
 
+// The computer to play against is ours: it is kept in the options file of our own, so that
+// GARDENIA.ini keeps its four lines, and a restart finds it there. It is offered in single play.
+TEST_F(Setup, TheComputerChosenIsKeptBesideTheSettingsAndOfferedInSinglePlay) {
+    openSetup([](FrmSetup& d) {
+        EXPECT_EQ(d.optComputer, (std::array<bool, 2>{true, false})) << "the standard computer is the default";
+        d.selectComputer(1);
+        d.cmdOK_Click();
+    });
+    EXPECT_EQ(settingsFile(), "0\r\n10\r\n-1\r\n0\r\n");
+    EXPECT_EQ(fileText(dir.path() / "petalgarden-options.ini"), "computer=strong\n");
+    restart();
+    EXPECT_TRUE(f->computer.strong());
+    openSetup([](FrmSetup& d) {
+        EXPECT_EQ(d.optComputer, (std::array<bool, 2>{false, true}));
+        EXPECT_TRUE(d.computerEnabled);
+        d.selectGame(1);
+        EXPECT_FALSE(d.computerEnabled) << "a network game has no computer";
+        d.cmdCancel_Click();
+    });
+}
+
 // OK and No while the computer was on turn used to hand the turn to the player in the middle of
 // the computer's move: the deal ran past eight plays a side and never ended.
 TEST_F(Setup, NoToTheResetLeavesTheComputersTurnAndTheDealEnds) {

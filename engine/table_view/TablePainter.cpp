@@ -1,6 +1,9 @@
 #include "engine/table_view/TablePainter.h"
 
 #include <QPainter>
+#include <QPainterPath>
+#include <algorithm>
+#include <cmath>
 
 #include "assets/PictureStore.h"
 
@@ -33,7 +36,7 @@ void TablePainter::paintBackground(PictureId picture, QSizeF viewSize) {
 
 void TablePainter::paintItems(const std::vector<TableView::Item>& list, QPointF origin) {
     for (const TableView::Item& item : list) {
-        if (!item.control->Visible) continue;
+        if (!item.control->Visible || std::find(hidden_.begin(), hidden_.end(), item.control) != hidden_.end()) continue;
         paintItem(item, origin);
         if (item.children.empty()) continue;
         const QRectF inner = designRect(*item.control, origin);
@@ -73,6 +76,28 @@ void TablePainter::paintPicture(PictureId picture, const QRectF& area) {
         }
     }
     painter_.drawPixmap(area.topLeft(), pictures_.pixmap(picture, area.size(), scale_.dpr()));
+}
+
+// The rendering of the card's resting place: copied pixel for pixel while the card keeps its
+// size, scaled smoothly while it grows, shrinks or turns.
+void TablePainter::paintFlight(const CardMotion::Drawn& card) {
+    const QRectF rest = scale_.map(card.target);
+    const QPixmap pixmap = pictures_.pixmap(card.picture, rest.size(), scale_.dpr());
+    QRectF area = scale_.map(card.rect);
+    const bool sameSize = card.rect.size() == card.target.size();
+    if (sameSize) area.setSize(rest.size());
+    const qreal radius = 3 * scale_.factor();
+    painter_.save();
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(QColor(0, 0, 0, 70));
+    painter_.drawRoundedRect(area.translated(2 * scale_.factor(), 3 * scale_.factor()), radius, radius);
+    if (sameSize) {
+        painter_.drawPixmap(area.topLeft(), pixmap);
+    } else {
+        painter_.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter_.drawPixmap(area, pixmap, QRectF(pixmap.rect()));
+    }
+    painter_.restore();
 }
 
 // The yaku panel has no picture: a lacquer plate with a gold rim, like the others.
@@ -120,6 +145,43 @@ void TablePainter::paintFocusMark(const Control& control) {
     painter_.drawRoundedRect(area, radius, radius);
     painter_.setPen(QPen(QColor(255, 236, 150), scale_.line(2.5), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter_.drawRoundedRect(area, radius, radius);
+    painter_.restore();
+}
+
+}  // namespace petal
+
+namespace petal {
+
+// Green, which no frame of the game uses, and set a little outside the card, so that a selection
+// frame or the keys' mark on the same card still shows; the star tells it from both at a glance.
+void TablePainter::paintHintMark(const Control& control) {
+    const qreal gap = scale_.line(3);
+    const QRectF area = scale_.map(designRect(control, QPointF(0, 0))).adjusted(-gap, -gap, gap, gap);
+    const qreal radius = 4 * scale_.factor();
+    const QColor dark(20, 16, 10, 210), green(120, 226, 84);
+    painter_.save();
+    painter_.setBrush(Qt::NoBrush);
+    painter_.setPen(QPen(dark, scale_.line(6), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.drawRoundedRect(area, radius, radius);
+    painter_.setPen(QPen(green, scale_.line(3.5), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.drawRoundedRect(area, radius, radius);
+    const qreal r = 8 * scale_.factor();
+    const QPointF centre = area.topRight() + QPointF(-r * 0.4, r * 0.4);
+    painter_.setPen(QPen(dark, scale_.line(1.5)));
+    painter_.setBrush(green);
+    painter_.drawEllipse(centre, r, r);
+    QPainterPath star;
+    for (int i = 0; i < 10; ++i) {
+        const qreal angle = -M_PI / 2 + i * M_PI / 5;
+        const qreal reach = (i % 2 ? 0.38 : 0.8) * r;
+        const QPointF point = centre + QPointF(std::cos(angle) * reach, std::sin(angle) * reach);
+        if (i == 0) star.moveTo(point);
+        else star.lineTo(point);
+    }
+    star.closeSubpath();
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(QColor(255, 255, 240));
+    painter_.drawPath(star);
     painter_.restore();
 }
 

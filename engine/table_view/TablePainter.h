@@ -3,6 +3,7 @@
 // size they fill in device pixels; shapes, labels and buttons are drawn as vectors at that scale.
 #include <vector>
 
+#include "engine/table_view/CardMotion.h"
 #include "engine/table_view/TableScale.h"
 #include "engine/table_view/TableView.h"
 
@@ -21,10 +22,16 @@ public:
 
     // The form's picture: at the table's scale where it covers the view, else covering it.
     void paintBackground(PictureId picture, QSizeF viewSize);
+    // Controls left out of paintItems: where a card in flight is yet to land.
+    void setHidden(std::vector<const Control*> hidden) { hidden_ = std::move(hidden); }
     // Every visible item, back to front; the children of a panel clipped to it.
     void paintItems(const std::vector<TableView::Item>& list, QPointF origin);
+    // A card in flight, above everything, with a soft shadow under it.
+    void paintFlight(const CardMotion::Drawn& card);
     // The mark of the place where the keys act, around a control of the form.
     void paintFocusMark(const Control& control);
+    // The hint's mark on a card of the form: a green ring with a star at its corner.
+    void paintHintMark(const Control& control);
 
 private:
     void paintItem(const TableView::Item& item, QPointF origin);
@@ -38,6 +45,7 @@ private:
     PictureStore& pictures_;
     const TableScale& scale_;
     bool interim_;
+    std::vector<const Control*> hidden_;
 };
 
 }  // namespace petal

@@ -20,6 +20,8 @@ namespace {
 
 // How long the size must rest before the pictures are rendered for it.
 constexpr int kSettleMs = 150;
+// Between the frames of cards in flight: the rate of common screens.
+constexpr int kFrameMs = 16;
 
 QSizeF designSize() { return TableScale::designSize(); }
 
@@ -76,6 +78,15 @@ TableView::TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidge
     settle_.setSingleShot(true);
     settle_.setInterval(kSettleMs);
     connect(&settle_, &QTimer::timeout, this, qOverload<>(&QWidget::update));
+    started_.start();
+    clock_ = [this] { return started_.elapsed(); };
+    frames_.setInterval(kFrameMs);
+    frames_.setTimerType(Qt::PreciseTimer);
+    // The frames stop with the last flight even where nothing is painted (a hidden window).
+    connect(&frames_, &QTimer::timeout, this, [this] {
+        if (!motion_.moving(clock_())) frames_.stop();
+        update();
+    });
 }
 
 QSize TableView::sizeHint() const { return designSize().toSize(); }
@@ -139,6 +150,8 @@ std::vector<TableView::Item> TableView::items() const {
 }
 
 void TableView::paintEvent(QPaintEvent*) {
+    const qint64 now = clock_();
+    followModel(now);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     // The ratio of the device painted on: the screen's, or that of an image the view renders into.
@@ -146,9 +159,31 @@ void TableView::paintEvent(QPaintEvent*) {
     const TableScale scale(size(), designSize(), dpr);
     painter.fillRect(rect(), QColor(12, 40, 30));
     TablePainter table(painter, pictures_, scale, !settled());
+    table.setHidden(motion_.covered(game_.ctl, now));
     table.paintBackground(game_.ctl.Picture, size());
     table.paintItems(items(), QPointF(0, 0));
+    for (const CardMotion::Drawn& card : motion_.drawn(now)) table.paintFlight(card);
     if (keys_.markShown()) table.paintFocusMark(keys_.focus().control(keys_.focus().place()));
+    const Hint::Marks hint = game_.hint.marks();
+    if (hint.hand >= 0) table.paintHintMark(game_.ctl.imgPCard.at(hint.hand));
+    if (hint.table >= 0) table.paintHintMark(game_.ctl.imgTCard.at(hint.table));
+    // Frames follow one another only while a card moves: a still table costs nothing.
+    if (!motion_.moving(now)) frames_.stop();
+    else if (!frames_.isActive()) frames_.start();
+}
+
+// The model has changed at once; the drawing follows it. With Game > Animations unchecked
+// cards stand where the model puts them, and the next look after it is checked again only
+// notes where they stand.
+void TableView::followModel(qint64 now) {
+    if (!game_.menu.mnuAnimations.Checked) {
+        motion_.reset();
+        return;
+    }
+    const bool newDeal = game_.m.dealSerial != dealSerial_;
+    dealSerial_ = game_.m.dealSerial;
+    motion_.follow(CardMotion::places(game_.ctl, game_.m), now, newDeal, TableScale::designRect(game_.ctl.imgDeck, {}),
+                   game_.m.mCardBack);
 }
 
 // While the size changes, each frame shows the pictures last rendered, stretched; once it

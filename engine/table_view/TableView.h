@@ -2,10 +2,13 @@
 // Draws the table model at any size, one picture scaled uniformly and centred, and forwards
 // clicks, keys, mouse moves and tool tips to the game's handlers. The game knows nothing of
 // the scale: hit tests work in design pixels (15 twips each).
+#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 #include <vector>
 
+#include "engine/table_view/CardMotion.h"
 #include "engine/table_view/Controls.h"
 #include "engine/table_view/TableKeys.h"
 #include "engine/table_view/TableScale.h"
@@ -51,6 +54,13 @@ public:
     // Whether the pictures stand rendered at the view's size (not in the midst of a resize).
     bool settled() const { return !settle_.isActive(); }
 
+    // The clock of the cards' flights, in milliseconds; a test sets its own.
+    void setClock(std::function<qint64()> clock) { clock_ = std::move(clock); }
+    qint64 now() const { return clock_(); }
+    const CardMotion& motion() const { return motion_; }
+    // Frames are being drawn for cards in flight; none are while nothing moves.
+    bool animating() const { return frames_.isActive(); }
+
 protected:
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
@@ -62,6 +72,7 @@ protected:
 
 private:
     const Item* itemAt(QPointF viewPoint, const std::vector<Item>& all) const;
+    void followModel(qint64 now);
     void mouseMoved(const Item* item);
 
     FrmMain& game_;
@@ -69,6 +80,11 @@ private:
     PictureStore& pictures_;
     TableKeys keys_;
     QTimer settle_;
+    CardMotion motion_;
+    QTimer frames_;
+    QElapsedTimer started_;
+    std::function<qint64()> clock_;
+    int dealSerial_ = -1;
     Target pressed_ = Target::None;
     int pressedIndex_ = -1;
 };

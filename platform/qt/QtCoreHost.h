@@ -39,6 +39,7 @@ public:
     void doEvents() override;
     void waitUntil(const std::function<bool()>& done) override;
     void post(std::function<void()> call) override;
+    void playSound(const std::string&) override {}  // no windows, no sound
     std::string timeText() override;
     std::string dateText() override;
     std::filesystem::path programFolder() override;

@@ -180,7 +180,13 @@ void QtHost::closeAll() {
         if (open.dialog) open.dialog->done(0);
 }
 
+void QtHost::playSound(const std::string& path) {
+    if (!sounds_) sounds_ = std::make_unique<SoundPlayer>();
+    sounds_->play(path);
+}
+
 void QtHost::showMainForm() {
+    if (!sounds_) sounds_ = std::make_unique<SoundPlayer>();
     if (onModelChanged) onModelChanged();
     if (mainWidget_) mainWidget_->show();
 }

@@ -7,11 +7,13 @@
 #include <QWidget>
 #include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/qt/QtCoreHost.h"
+#include "platform/qt/SoundPlayer.h"
 
 namespace petal {
 
@@ -37,6 +39,7 @@ public:
     void showModal(Form& form) override;
     void refresh() override;
     void setMousePointer(int pointer) override;
+    void playSound(const std::string& path) override;
     void showMainForm() override;
     void sendKeys(const std::string& keys) override;
 
@@ -58,6 +61,8 @@ private:
     std::vector<OpenDialog> open_;
     std::vector<QPointer<QMessageBox>> sessionBoxes_;
     QPointer<QWidget> mainWidget_;
+    // Loaded when the table first shows, so that the first card laid does not wait for it.
+    std::unique_ptr<SoundPlayer> sounds_;
 };
 
 }  // namespace petal

@@ -69,6 +69,13 @@ public:
     void showModal(Form& form) override;
     void refresh() override { ++refreshes_; }
     void setMousePointer(int pointer) override { pointer_ = pointer; }
+    // Nothing is played; the paths are kept in order once recordSounds is set (a headless run
+    // of many deals asks for many).
+    void playSound(const std::string& path) override {
+        if (recordSounds) sounds.push_back(path);
+    }
+    bool recordSounds = false;
+    std::vector<std::string> sounds;
     std::string timeText() override;
     std::string dateText() override;
     std::filesystem::path programFolder() override { return folder_; }

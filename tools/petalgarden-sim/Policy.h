@@ -1,13 +1,19 @@
 #pragma once
-// The local player's choices: the lowest slots, or a seeded pick of its own.
+// The local player's choices: the lowest slots, or a seeded pick of its own; or, in play, a
+// whole move chosen as the standard computer or the strong one would choose it.
 #include <cstdint>
 #include <span>
 
 namespace petal::sim {
 
+enum class Chooser { None, Standard, Strong };
+
 class Policy {
 public:
-    Policy(bool random, std::uint64_t seed) : random_(random), state_(seed) {}
+    Policy(bool random, std::uint64_t seed, Chooser chooser = Chooser::None)
+        : random_(random), state_(seed), chooser_(chooser) {}
+
+    Chooser chooser() const { return chooser_; }
 
     // Picks one of the candidates, which are in ascending order and not empty.
     int pick(std::span<const int> candidates) {
@@ -26,6 +32,7 @@ private:
 
     bool random_;
     std::uint64_t state_;
+    Chooser chooser_;
 };
 
 }  // namespace petal::sim

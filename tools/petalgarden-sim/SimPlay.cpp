@@ -1,9 +1,11 @@
 #include "SimPlay.h"
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <functional>
 #include <ostream>
@@ -13,6 +15,7 @@
 #include "TempFolder.h"
 #include "Tracer.h"
 #include "cards/Val.h"
+#include "opponent/StrongSearch.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
 #include "platform/FatalError.h"
@@ -41,10 +44,61 @@ Slots framedSlots(const TableModel& c) {
     return slots;
 }
 
+// The time this thread has run, which a busy machine does not stretch.
+double cpuMilliseconds() {
+    timespec now{};
+    ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
+    return now.tv_sec * 1e3 + now.tv_nsec / 1e6;
+}
+
+// The moves the rules allow the side: a card onto each of its matches, or laid down.
+int movesIn(const Sight& sight) {
+    const DealState& s = sight.seen;
+    int moves = 0;
+    for (int i = 0; i < 8; ++i) {
+        const int card = sight.turned >= 0 ? (i == 0 ? sight.turned : -1) : s.hand[sight.side][i];
+        if (card < 0) continue;
+        int matches = 0;
+        for (int t = 0; t < s.tableSlots; ++t) matches += s.matches(card, t) ? 1 : 0;
+        moves += std::max(matches, 1);
+    }
+    return moves;
+}
+
+// A whole move as a computer would choose it for the local player.
+bool chosenMove(FrmMain& f, Chooser chooser, std::vector<double>* choiceTimes) {
+    const double started = cpuMilliseconds();
+    const Sight sight = sightOf(f, 0);
+    HandMove move;
+    if (chooser == Chooser::Strong) {
+        move = StrongSearch::choose(sight);
+        // Only a choice between moves is timed; a forced one asks nothing of the search.
+        if (choiceTimes && movesIn(sight) > 1) choiceTimes->push_back(cpuMilliseconds() - started);
+    } else if (sight.turned >= 0) move = {-1, sight.seen.bestMatch(sight.turned)};
+    else move = standardHand(sight.seen);
+    if (move.handSlot < 0 && move.tableSlot < 0) return false;
+    if (move.handSlot >= 0) f.play.imgPCard_Click(move.handSlot);
+    if (move.tableSlot >= 0) f.play.imgTCard_Click(move.tableSlot);
+    else f.play.imgTable_Click();
+    return true;
+}
+
+// The spread of the times per choice: median, 90th and 99th percentile, longest.
+std::string timingLine(std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    const auto at = [&times](double q) { return times.empty() ? 0.0 : times[static_cast<std::size_t>(q * (times.size() - 1))]; };
+    char line[200];
+    std::snprintf(line, sizeof line,
+                  "{\"ev\":\"timing\",\"choices\":%zu,\"median_ms\":%.3f,\"p90_ms\":%.3f,\"p99_ms\":%.3f,\"max_ms\":%.3f}\n",
+                  times.size(), at(0.5), at(0.9), at(0.99), at(1.0));
+    return line;
+}
+
 }  // namespace
 
-bool localMove(FrmMain& f, Policy& policy) {
+bool localMove(FrmMain& f, Policy& policy, std::vector<double>* choiceTimes) {
     if (!canMove(f)) return false;
+    if (policy.chooser() != Chooser::None) return chosenMove(f, policy.chooser(), choiceTimes);
     if (f.ctl.shpFlipCard.Visible) {
         const Slots framed = framedSlots(f.ctl);
         if (framed.empty()) return false;
@@ -74,7 +128,7 @@ int play(const PlayOptions& options, std::ostream& out, std::ostream& err) {
     FrmMain& f = program.frmMain;
     Tracer tracer(f, options.trace ? &out : nullptr);
     f.events = &tracer;
-    Policy policy(options.randomPolicy, options.policySeed);
+    Policy policy(options.randomPolicy, options.policySeed, options.chooser);
     bool failed = false;
 
     host.onMsgBox = [&](const MsgBox& box) {
@@ -99,10 +153,12 @@ int play(const PlayOptions& options, std::ostream& out, std::ostream& err) {
         program.Main();
         const bool tournament = options.tournamentRounds > 0;
         f.settings.WriteSettings(tournament ? 1 : 0, tournament ? options.tournamentRounds : 10, options.yaku ? -1 : 0, 0);
+        if (options.strongComputer) f.options.set(Computer::kOption, "strong");
         f.dealer.imgDeck_Click();
     });
     bool acted = false;
-    const std::function<void()> move = [&] { acted = localMove(f, policy); };
+    std::vector<double> choiceTimes;
+    const std::function<void()> move = [&] { acted = localMove(f, policy, options.timing ? &choiceTimes : nullptr); };
     while (!host.ending() && !failed) {
         acted = false;
         runHandler(host, move);
@@ -111,11 +167,8 @@ int play(const PlayOptions& options, std::ostream& out, std::ostream& err) {
             failed = true;
         }
     }
-    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
-    char summary[160];
-    std::snprintf(summary, sizeof summary, "{\"ev\":\"summary\",\"deals\":%d,\"seconds\":%.6f,\"deals_per_s\":%.1f}\n",
-                  tracer.ended, seconds, seconds > 0 ? tracer.ended / seconds : 0.0);
-    out << summary;
+    out << tracer.summary(std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count());
+    if (options.timing) err << timingLine(std::move(choiceTimes));
     return failed ? 1 : 0;
 }
 

@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <iosfwd>
 #include <string>
+#include <vector>
 
+#include "Policy.h"
 #include "shell/FrmMain.h"
 
 namespace petal::sim {
@@ -15,11 +17,12 @@ struct PlayOptions {
     bool yaku = true;
     bool randomPolicy = false;
     std::uint64_t policySeed = 0;
+    Chooser chooser = Chooser::None;  // the local player plays as the standard or the strong computer
+    bool strongComputer = false;
+    bool timing = false;  // the strong policy's processor time per choice, on the error stream
     std::string start = "12:00:00";
     bool trace = false;
 };
-
-class Policy;
 
 // Whether the local player is on turn with a move to make, as a user would see it. Asked of
 // both programs at every step of a net run, so it is made where it is asked.
@@ -29,7 +32,8 @@ inline bool canMove(const FrmMain& f) {
 }
 // One move of the local player if it is on turn (a hand card and where it goes, or the place
 // of a flipped card that waits); false when the game is elsewhere.
-bool localMove(FrmMain& f, Policy& policy);
+// choiceTimes: where the strong policy's time per choice goes (milliseconds), or nullptr.
+bool localMove(FrmMain& f, Policy& policy, std::vector<double>* choiceTimes = nullptr);
 
 // Returns the process exit code; the trace and the summary go to out, problems to err.
 int play(const PlayOptions& options, std::ostream& out, std::ostream& err);

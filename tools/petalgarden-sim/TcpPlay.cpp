@@ -37,6 +37,7 @@ public:
 
     int run();
     int deals() const { return tracer_.ended; }
+    std::string summary(double seconds) const { return tracer_.summary(seconds); }
     const std::string& failure() const { return failure_; }
 
 private:
@@ -195,17 +196,14 @@ int tcpPlay(const TcpOptions& options, std::ostream& out, std::ostream& err) {
     char* argv[] = {name, nullptr};
     QCoreApplication app(argc, argv);
     const auto started = std::chrono::steady_clock::now();
-    int code = 1, deals = 0;
+    int code = 1;
+    std::string summary;
     {
         TcpSide side(options, out, err);
         code = side.run();
-        deals = side.deals();
         if (code != 0) err << "petalgarden-sim: " << side.failure() << "\n";
+        summary = side.summary(std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count());
     }
-    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - started).count();
-    char summary[160];
-    std::snprintf(summary, sizeof summary, "{\"ev\":\"summary\",\"deals\":%d,\"seconds\":%.6f,\"deals_per_s\":%.1f}\n",
-                  deals, seconds, seconds > 0 ? deals / seconds : 0.0);
     out << summary;
     out.flush();
     return code;

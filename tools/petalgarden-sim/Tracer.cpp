@@ -79,6 +79,8 @@ void Tracer::dealEnded() {
     ++ended;
     const int p = static_cast<int>(Val(f_.ctl.panel[0].lblPointsTotal[3].Caption));
     const int c = static_cast<int>(Val(f_.ctl.panel[1].lblPointsTotal[3].Caption));
+    (p > c ? won : p < c ? lost : tied) += 1;
+    difference += p - c;
     if (log) {
         Record& r = log->push();
         r.kind = Record::Kind::End;
@@ -90,6 +92,19 @@ void Tracer::dealEnded() {
     if (out_)
         *out_ << "{\"ev\":\"end\",\"p\":" << p << ",\"c\":" << c << ",\"pyaku\":" << complete(0)
               << ",\"cyaku\":" << complete(1) << "}\n";
+}
+
+std::string Tracer::summary(double seconds) const {
+    // The mean difference is a whole number, as the trace's numbers are; rounded half away from 0.
+    const long long margin = ended ? (difference >= 0 ? (2 * difference + ended) / (2 * ended)
+                                                      : -((-2 * difference + ended) / (2 * ended)))
+                                   : 0;
+    char line[256];
+    std::snprintf(line, sizeof line,
+                  "{\"ev\":\"summary\",\"deals\":%d,\"seconds\":%.6f,\"deals_per_s\":%.1f,\"won\":%d,\"lost\":%d,"
+                  "\"tied\":%d,\"margin\":%lld}\n",
+                  ended, seconds, seconds > 0 ? ended / seconds : 0.0, won, lost, tied, margin);
+    return line;
 }
 
 int Tracer::complete(int side) const {

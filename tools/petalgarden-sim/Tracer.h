@@ -21,6 +21,9 @@ public:
 
     int ended = 0;
     int events = 0;  // every deal, move, claim and end so far
+    // The deals' results from the local player's side, and the sum of its totals less the other's.
+    int won = 0, lost = 0, tied = 0;
+    long long difference = 0;
     // The mirror's queue of this side's records, if any.
     RecordQueue* log = nullptr;
     // Records the sides of a move as the other program sees them (see Record).
@@ -30,6 +33,9 @@ public:
     void moved(int side, bool fromDeck, int pos, int took, int slot) override;
     void claimed(int side, int pos, int slot) override;
     void dealEnded() override;
+
+    // The closing line of play: the deals, their results and the run's speed.
+    std::string summary(double seconds) const;
 
 private:
     int complete(int side) const;

@@ -1,16 +1,21 @@
 // petalgarden-sim: the game's core, headless on the simulated host.
 //   petalgarden-sim deal --seed HH:MM:SS [--network]
-//   petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
-//                        [--start HH:MM:SS] [--trace]
+//   petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off]
+//                        [--policy first|random:K|standard|strong] [--computer standard|strong]
+//                        [--start HH:MM:SS] [--trace] [--timing]
 //   petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off] [--policy first|random:K]
 //                       [--faults K] [--trace]
+//   petalgarden-sim keep --folder DIR [--tournament R] [--yaku on|off] [--policy random:K]
+//                        [--start HH:MM:SS] [--dwell MS]
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "KeepPlay.h"
 #include "NetPlay.h"
 #include "TcpPlay.h"
 #include "SimPlay.h"
@@ -25,13 +30,16 @@ namespace {
 int usage() {
     std::cerr << "usage: petalgarden-sim deal --seed TEXT [--network]\n"
                  "       petalgarden-sim play [--deals N] [--tournament R] [--yaku on|off]\n"
-                 "                            [--policy first|random:K] [--start HH:MM:SS] [--trace]\n"
+                 "                            [--policy first|random:K|standard|strong]\n"
+                 "                            [--computer standard|strong] [--start HH:MM:SS] [--trace] [--timing]\n"
                  "       petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off]\n"
                  "                           [--policy first|random:K] [--faults K] [--trace]\n"
                  "       petalgarden-sim host [--port P] [--deals N] [--tournament R] [--yaku on|off]\n"
                  "                            [--policy first|random:K] [--speed X] [--stay] [--trace]\n"
                  "       petalgarden-sim join ADDRESS [--port P] [--deals N] [--policy first|random:K]\n"
-                 "                            [--speed X] [--trace]\n";
+                 "                            [--speed X] [--trace]\n"
+                 "       petalgarden-sim keep --folder DIR [--tournament R] [--yaku on|off] [--policy random:K]\n"
+                 "                            [--start HH:MM:SS] [--dwell MS]\n";
     return 2;
 }
 
@@ -104,8 +112,24 @@ bool commonOption(const std::vector<std::string>& args, std::size_t& i, int& dea
 int play(const std::vector<std::string>& args) {
     petal::sim::PlayOptions o;
     for (std::size_t i = 0; i < args.size(); ++i) {
+        const std::string next = i + 1 < args.size() ? args[i + 1] : "";
+        // Only play has a computer to play as, or to play against.
+        if (args[i] == "--policy" && (next == "standard" || next == "strong")) {
+            o.chooser = next == "strong" ? petal::sim::Chooser::Strong : petal::sim::Chooser::Standard;
+            ++i;
+            continue;
+        }
+        if (args[i] == "--timing") {
+            o.timing = true;
+            continue;
+        }
+        if (args[i] == "--computer" && (next == "standard" || next == "strong")) {
+            o.strongComputer = next == "strong";
+            ++i;
+            continue;
+        }
         if (commonOption(args, i, o.deals, o.tournamentRounds, o.yaku, o.randomPolicy, o.policySeed, o.trace)) continue;
-        if (args[i] == "--start" && i + 1 < args.size() && isTime(args[i + 1])) {
+        if (args[i] == "--start" && isTime(next)) {
             o.start = args[++i];
             continue;
         }
@@ -126,6 +150,28 @@ int net(const std::vector<std::string>& args) {
         return usage();
     }
     return petal::sim::net(o, std::cout, std::cerr);
+}
+
+// One game as the program keeps it, in a folder that outlives the process.
+int keep(const std::vector<std::string>& args) {
+    petal::sim::KeepOptions o;
+    int deals = 1;
+    bool random = true, trace = false;
+    for (std::size_t i = 0; i < args.size(); ++i) {
+        const bool hasValue = i + 1 < args.size();
+        if (args[i] == "--folder" && hasValue) {
+            o.folder = args[++i];
+        } else if (args[i] == "--start" && hasValue && isTime(args[i + 1])) {
+            o.start = args[++i];
+        } else if (args[i] == "--dwell" && hasValue) {
+            o.dwellMs = static_cast<int>(petal::Val(args[++i]));
+        } else if (!commonOption(args, i, deals, o.tournamentRounds, o.yaku, random, o.policySeed, trace) || trace ||
+                   deals != 1) {
+            return usage();
+        }
+    }
+    if (o.folder.empty() || !std::filesystem::is_directory(o.folder)) return usage();
+    return petal::sim::keep(o, std::cout, std::cerr);
 }
 
 // One side over real TCP. The client takes the host's options, so it has none of its own.
@@ -182,6 +228,7 @@ int main(int argc, char** argv) {
         }
         if (command == "play") return play(args);
         if (command == "net") return net(args);
+        if (command == "keep") return keep(args);
         if (command == "host" || command == "join") return tcp(command == "host", args);
     } catch (const std::exception& e) {
         std::cerr << "petalgarden-sim: " << e.what() << "\n";

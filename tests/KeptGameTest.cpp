@@ -1,0 +1,216 @@
+// The files of a kept game at the next start: a save that cannot be resumed, and a statistics
+// file that cannot be used, are each told once, set aside, and play goes on; the statistics of
+// games played count as the games ended.
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <fstream>
+#include <functional>
+
+#include "GameFixture.h"
+#include "Policy.h"
+#include "SimPlay.h"
+#include "records/FrmHOFWinner.h"
+#include "records/SavedGame.h"
+#include "records/Statistics.h"
+#include "records/StatsFigures.h"
+#include "scoring/FrmScoreCard.h"
+
+namespace petal::test {
+namespace {
+
+void write(const std::filesystem::path& file, const std::string& bytes) {
+    std::ofstream(file, std::ios::binary) << bytes;
+}
+
+class KeptGame : public ::testing::Test {
+protected:
+    // The program, keeping its games, started in folder; boxes are kept in told.
+    void start(const std::filesystem::path& folder) {
+        program.reset();
+        told.clear();
+        host = std::make_unique<SimHost>(folder);
+        host->onMsgBox = [this](const MsgBox& box) {
+            told.push_back(box);
+            if (box.text == "Do you want to play again?") {
+                ended.push_back({program->frmMain.matchEnd.scoreOf(0), program->frmMain.matchEnd.scoreOf(1)});
+                return --gamesLeft > 0 ? MsgResult::Yes : MsgResult::No;
+            }
+            return resume;
+        };
+        host->onForm = [](Form& form) {
+            if (auto* card = dynamic_cast<FrmScoreCard*>(&form)) card->cmdOK_Click();
+            else if (auto* winner = dynamic_cast<FrmHOFWinner*>(&form)) winner->cmdCancel_Click();
+            else form.Unload(true);
+        };
+        program = std::make_unique<Program>(*host);
+        program->keepGames();
+        f = &program->frmMain;
+        runHandler(*host, [this] { program->Main(); });
+        while (!host->idle()) host->step();
+    }
+    // The player's moves and the computer's turns, for `moves` moves of the player or until the
+    // program ends.
+    void play(int moves) {
+        sim::Policy policy(true, 7);
+        runHandler(*host, [this] { if (f->g.gGameInProgress == 0) f->dealer.imgDeck_Click(); });
+        for (int made = 0; made < moves && !host->ending();) {
+            bool acted = false;
+            runHandler(*host, [&] { acted = sim::localMove(*f, policy); });
+            made += acted ? 1 : 0;
+            if (!acted && !host->step()) break;
+        }
+    }
+    bool tableEmpty() const { return f->g.gGameInProgress == 0 && !f->ctl.imgTCard[0].hasPicture(); }
+
+    TempDir dir;
+    std::unique_ptr<SimHost> host;
+    std::unique_ptr<Program> program;
+    FrmMain* f = nullptr;
+    std::vector<MsgBox> told;
+    std::vector<std::pair<int, int>> ended;  // each game's scores, as its end showed them
+    MsgResult resume = MsgResult::Yes;
+    int gamesLeft = 1;
+};
+
+std::string changed(const std::string& bytes, const std::function<void(SavedGame&)>& change) {
+    std::string reason;
+    SavedGame game = *SavedGame::parse(bytes, reason);
+    change(game);
+    return game.text();
+}
+
+TEST_F(KeptGame, ASaveThatCannotBeResumedIsToldSetAsideAndPlayGoesOn) {
+    const std::filesystem::path first = dir.path() / "first";
+    std::filesystem::create_directory(first);
+    start(first);
+    play(3);
+    const std::string saved = fileText(first / SavedGame::kFileName);
+    ASSERT_NE(saved.find("\nP "), std::string::npos);
+    struct Case {
+        const char* name;
+        std::function<std::string(const std::string&)> bytes;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"damaged", [](std::string s) { return s.replace(s.size() / 2, 1, "#"); }, "it is damaged (its check does not match)"},
+        {"cut short", [](const std::string& s) { return s.substr(0, s.size() / 2); }, "it is cut short"},
+        {"foreign", [](const std::string&) { return std::string("0\r\n10\r\n-1\r\n0\r\n"); }, "it is not a saved game of Petalgarden"},
+        {"newer", [](std::string s) { return s.replace(s.find("version 1"), 9, "version 2"); }, "it was saved by a newer version of Petalgarden"},
+        {"played otherwise", [](const std::string& s) { return changed(s, [](SavedGame& g) { g.entries[2].check ^= 1; }); },
+         "this version of Petalgarden plays its move 3 otherwise"},
+        {"another computer", [](const std::string& s) { return changed(s, [](SavedGame& g) { g.options.computer = "expert"; }); },
+         "it is a game against a computer (\"expert\") that this version does not have"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::filesystem::path folder = dir.path() / c.name;
+        std::filesystem::create_directory(folder);
+        const std::string bytes = c.bytes(saved);
+        write(folder / SavedGame::kFileName, bytes);
+        start(folder);
+        ASSERT_FALSE(told.empty());
+        EXPECT_EQ(told.back().icon, MsgIcon::Exclamation);
+        EXPECT_THAT(told.back().text, HasSubstr((folder / SavedGame::kFileName).string() + "\" cannot be resumed: " + c.reason));
+        EXPECT_EQ(fileText(folder / (std::string(SavedGame::kFileName) + ".bad")), bytes);
+        EXPECT_FALSE(std::filesystem::exists(folder / SavedGame::kFileName));
+        EXPECT_TRUE(tableEmpty());
+        play(1);
+        EXPECT_EQ(f->g.gGameInProgress, 1);
+        EXPECT_TRUE(std::filesystem::exists(folder / SavedGame::kFileName)) << "the new game is saved";
+    }
+}
+
+TEST_F(KeptGame, NoToTheQuestionDropsTheSavedGame) {
+    start(dir.path());
+    play(2);
+    resume = MsgResult::No;
+    start(dir.path());
+    ASSERT_EQ(told.size(), 1u);
+    EXPECT_THAT(told[0].text, HasSubstr("Resume your game? You "));
+    EXPECT_FALSE(std::filesystem::exists(dir.path() / SavedGame::kFileName));
+    EXPECT_TRUE(tableEmpty());
+}
+
+// A game against the strong computer is kept and resumes as one against the standard computer
+// does (its choices depend on the table alone, so the replay meets them again); its result
+// counts against that computer.
+TEST_F(KeptGame, AGameAgainstTheStrongComputerResumes) {
+    start(dir.path());
+    f->options.set(Computer::kOption, "strong");
+    play(5);
+    start(dir.path());
+    ASSERT_EQ(told.size(), 1u) << told.back().text;
+    EXPECT_THAT(told[0].text, HasSubstr("Resume your game? You "));
+    play(100);
+    ASSERT_EQ(ended.size(), 1u);
+    EXPECT_EQ(f->stats.games().back().opponent, "strong");
+}
+
+// Records made by this build, changed as a crash, another program or a newer build would.
+TEST_F(KeptGame, AStatisticsFileThatCannotBeUsedIsToldSetAsideAndANewOneKeepsTheNextGame) {
+    const std::filesystem::path model = dir.path() / "model";
+    std::filesystem::create_directory(model);
+    {
+        SimHost modelHost(model);
+        Statistics stats(modelHost);
+        for (int i = 0; i < 300; ++i) stats.record({"game " + std::to_string(i), "11/22/2026", 0, "standard", 1, i, 50});
+    }
+    const std::string records = fileText(model / Statistics::kFileName);
+    const auto withSql = [&model](const char* sql) {
+        std::filesystem::copy_file(model / Statistics::kFileName, model / "changed.db",
+                                   std::filesystem::copy_options::overwrite_existing);
+        sqlite3* db = nullptr;
+        sqlite3_open((model / "changed.db").c_str(), &db);
+        sqlite3_exec(db, sql, nullptr, nullptr, nullptr);
+        sqlite3_close(db);
+        return fileText(model / "changed.db");
+    };
+    struct Case {
+        const char* name;
+        std::string bytes;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {"no database", std::string(4096, 'x'), "it is damaged, or no database"},
+        {"cut short", records.substr(0, records.size() / 2), "it is damaged"},
+        {"foreign", withSql("PRAGMA application_id=0; PRAGMA user_version=0"), "it is not a statistics file of Petalgarden"},
+        {"newer", withSql("PRAGMA user_version=2"), "it was written by a newer version of Petalgarden"},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.name);
+        const std::filesystem::path folder = dir.path() / c.name;
+        std::filesystem::create_directory(folder);
+        write(folder / Statistics::kFileName, c.bytes);
+        start(folder);
+        ASSERT_EQ(told.size(), 1u);
+        EXPECT_THAT(told[0].text, HasSubstr((folder / Statistics::kFileName).string() + "\" cannot be used: " + c.reason));
+        EXPECT_EQ(fileText(folder / (std::string(Statistics::kFileName) + ".bad")), c.bytes);
+        play(100);
+        ASSERT_EQ(ended.size(), 1u);
+        EXPECT_EQ(f->stats.games().size(), 1u);
+        ended.clear();
+        gamesLeft = 1;
+    }
+}
+
+TEST_F(KeptGame, TheStatisticsCountTheGamesAsTheyEnded) {
+    gamesLeft = 4;
+    start(dir.path());
+    play(1000);
+    ASSERT_EQ(ended.size(), 4u);
+    start(dir.path());  // read by the next run
+    const std::vector<GameResult> games = f->stats.games();
+    ASSERT_EQ(games.size(), 4u);
+    int won = 0;
+    for (std::size_t i = 0; i < games.size(); ++i) {
+        EXPECT_EQ(std::make_pair(games[i].score, games[i].against), ended[i]);
+        EXPECT_EQ(games[i].kind, 0);
+        EXPECT_EQ(games[i].opponent, "standard");
+        won += ended[i].first > ended[i].second ? 1 : 0;
+    }
+    EXPECT_EQ(StatsFigures::of(games, 0, "standard").won, won);
+}
+
+}  // namespace
+}  // namespace petal::test

@@ -1,0 +1,56 @@
+// The sounds that the game asks of its host: a move's in the order of its steps, none while
+// Game > Sound is unchecked, and a single game's end; the check items kept for the next start.
+#include "GameFixture.h"
+
+namespace petal::test {
+namespace {
+
+constexpr int kPineCrane = 0, kPineChaffA = 2, kPaulowniaChaff = 46;
+
+class SoundCalls : public GameFixture {
+protected:
+    void SetUp() override {
+        start();
+        host->recordSounds = true;
+    }
+    // The file names asked for since the last look.
+    std::vector<std::string> heard() {
+        std::vector<std::string> names;
+        for (const std::string& path : host->sounds) names.push_back(std::filesystem::path(path).filename().string());
+        host->sounds.clear();
+        return names;
+    }
+};
+
+TEST_F(SoundCalls, AMoveSoundsEachStepAndNothingOnceSoundIsOffWhichTheNextStartKeeps) {
+    // The crane takes the pine chaff; the deck turns a paulownia card, which matches nothing and
+    // lies down after the pause.
+    dealWith({kPineCrane}, {}, {kPineChaffA}, {kPaulowniaChaff});
+    f->play.imgPCard_Click(0);
+    f->play.imgTCard_Click(0);
+    EXPECT_EQ(heard(), (std::vector<std::string>{"capture.wav", "flip.wav", "lay.wav"}));
+    f->mnuSound_Click();
+    f->mnuAnimations_Click();
+    ASSERT_TRUE(runOpponent());
+    EXPECT_EQ(heard(), std::vector<std::string>{}) << "the opposite side's turn, silent";
+    restart();
+    EXPECT_FALSE(f->menu.mnuSound.Checked);
+    EXPECT_FALSE(f->menu.mnuAnimations.Checked);
+}
+
+// A single game has no score card, but its end rings by the same margins as a tournament's round.
+TEST_F(SoundCalls, ASingleGamesEndSoundsItsResult) {
+    for (const auto& [mine, theirs, sound] : {std::tuple{"", "", "Tie.wav"}, std::tuple{"160", "40", "pwin3.wav"}}) {
+        dealWith({}, {}, {});
+        f->ctl.panel[0].lblPointsTotal[3].Caption = mine;
+        f->ctl.panel[1].lblPointsTotal[3].Caption = theirs;
+        host->onForm = [](Form& form) { form.Unload(); };
+        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::Yes);
+        heard();
+        f->EndMatch();
+        EXPECT_EQ(heard(), std::vector<std::string>{sound}) << mine << " against " << theirs;
+    }
+}
+
+}  // namespace
+}  // namespace petal::test
