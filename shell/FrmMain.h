@@ -100,6 +100,9 @@ public:
     void mnuVChat_Click() { chat.show(); }
     void mnuVScore_Click();
     void mnuSetup_Click();
+    // A network session that the command line asks for, begun as Setup's OK begins one with
+    // the settings as they stand; port 0 is the game's own.
+    void startSession(int playMode, const std::string& address, int port);
     void mnuVHallofFame_Click();
     void mnuStatistics_Click();
     void mnuHAbout_Click();
@@ -147,6 +150,7 @@ public:
 
 private:
     void toggleOption(MenuItem& item, const std::string& key);
+    void startChosenMode();
 
     int mousePointer_ = kPointerDefault;
     // The program's folder and the separator that joins a file name to it, found once.

@@ -2,6 +2,7 @@
 // brackets, an optional port, and text that is none of these.
 #include "GameFixture.h"
 #include "net/JoinAddress.h"
+#include "shell/CommandLine.h"
 #include "shell/FrmSetup.h"
 
 namespace petal::test {
@@ -34,6 +35,40 @@ TEST(JoinAddress, ReadsANameOrAnAddressAndAnOptionalPort) {
         EXPECT_EQ(read->host, c.read->host) << c.text;
         EXPECT_EQ(read->port, c.read->port) << c.text;
     }
+}
+
+// Each line either starts a session or is refused with a reason, never half of both.
+TEST(CommandLine, StartsAHostOrAJoinOrRefusesWithAReason) {
+    struct Case {
+        std::vector<std::string> args;
+        int playMode;
+        const char* address;
+        int port;
+        bool refused;
+    };
+    const Case cases[] = {
+        {{}, 0, "", 0, false},
+        {{"--host"}, 1, "", 0, false},
+        {{"--host", "--port", "5000"}, 1, "", 5000, false},
+        {{"--port=5000", "--join", "2001:db8::7"}, 2, "2001:db8::7", 5000, false},
+        {{"--join=[::1]:5001"}, 2, "[::1]:5001", 0, false},
+        {{"--join"}, 2, "", 0, true},
+        {{"--join", "two words"}, 2, "two words", 0, true},
+        {{"--host", "--join", "x"}, 1, "", 0, true},
+        {{"--host", "--port", "65536"}, 1, "", 0, true},
+        {{"--port", "5000"}, 0, "", 5000, true},
+        {{"--hots"}, 0, "", 0, true},
+    };
+    for (const Case& c : cases) {
+        const CommandLine line = parseCommandLine(c.args);
+        const std::string text = testing::PrintToString(c.args);
+        EXPECT_EQ(!line.error.empty(), c.refused) << text << ": " << line.error;
+        if (c.refused) continue;
+        EXPECT_EQ(line.playMode, c.playMode) << text;
+        EXPECT_EQ(line.address, c.address) << text;
+        EXPECT_EQ(line.port, c.port) << text;
+    }
+    EXPECT_TRUE(parseCommandLine({"--host", "--help"}).help);
 }
 
 class JoinBox : public GameFixture {};
