@@ -144,9 +144,10 @@ void MatchEnd::declineRematch() {
 // Yes to a rematch on a network: a peer that has not said yes yet is asked and waited for.
 // False when the session ended while this side waited.
 bool MatchEnd::answerRematch() {
+    // The peer's own yes may come while this one is sent: it counts as one that came before.
+    f_.sendToPeer("NEWG,0");
     const bool peerUndecided = f_.g.gRematchPending;
     f_.g.gRematchPending = false;
-    f_.sendToPeer("NEWG,0");
     return !peerUndecided || f_.waitForPeer("Please Wait...", "Asking your opponent for another game.");
 }
 
