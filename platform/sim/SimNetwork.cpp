@@ -41,7 +41,7 @@ void SimNetwork::setFaults(std::uint64_t seed) {
 std::string SimNetwork::chatLine() {
     static constexpr const char* kPieces[] = {"gg", " ", ",", "CARD,1,-1", "SCOP", "SCCL", "QUIT", "NEWG,1",
                                               "CHAT,", "DEAL,12:00:00,1", "SEUP", "\xC3\xA9", "\xE6\xBC\xA2", "\x10"};
-    if (random() % 10 == 0) return std::string(199, 'Q') + "UIT";
+    if (random() % 10 == 0) return std::string(197, 'Q') + "UIT";
     std::string line;
     for (std::uint64_t n = 1 + random() % 5; n > 0; --n) line += kPieces[random() % std::size(kPieces)];
     return line;
