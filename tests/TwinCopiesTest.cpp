@@ -90,7 +90,9 @@ void check(const Session& s, const std::vector<Copy>& copies) {
         EXPECT_TRUE(has("end ")) << "the user ended the program";
         EXPECT_FALSE(has("failed ")) << "the user met something unforeseen";
         EXPECT_FALSE(has("box Out of Step") || has("box Time Out"));
-        if (s.toldDeclined && copy.role == s.toldDeclined) EXPECT_TRUE(has("box Rematch Declined"));
+        if (s.toldDeclined && copy.role == s.toldDeclined) {
+            EXPECT_TRUE(has("box Rematch Declined"));
+        }
     }
     // A line that came is one that the other side typed, byte for byte.
     std::set<std::string> sent;
@@ -99,7 +101,9 @@ void check(const Session& s, const std::vector<Copy>& copies) {
             if (line.rfind("sent ", 0) == 0) sent.insert(line.substr(5));
     for (const auto& [role, log] : logs)
         for (const std::string& line : log)
-            if (line.rfind("recv ", 0) == 0) EXPECT_TRUE(sent.count(line.substr(5))) << s.name << ", " << role << " got \"" << line << "\"";
+            if (line.rfind("recv ", 0) == 0) {
+                EXPECT_TRUE(sent.count(line.substr(5))) << s.name << ", " << role << " got \"" << line << "\"";
+            }
 }
 
 const char* const kTournament2 = "1\r\n2\r\n-1\r\n0\r\n";
