@@ -23,7 +23,7 @@ install() {
 }
 
 if [ "${1:-}" = fuzz ]; then
-    install cmake make clang libsqlite3-dev
+    install cmake make clang libsqlite3-dev libicu-dev
     cmake -S . -B build-fuzz -DPETAL_FUZZ=ON -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=RelWithDebInfo \
         -DCMAKE_RULE_MESSAGES=OFF >/dev/null
     cmake --build build-fuzz -j "$(nproc)" -- --no-print-directory -s
@@ -38,8 +38,9 @@ if [ "${1:-}" = fuzz ]; then
         "build-fuzz/corpus/$target" "tests/fuzz-corpus/$target"
 fi
 
-install cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 qt6-multimedia-dev libqt6multimedia6 libsqlite3-dev libgtest-dev python3 \
-    fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev
+install cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 qt6-multimedia-dev libqt6multimedia6 libsqlite3-dev libicu-dev libgtest-dev python3 \
+    fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev \
+    xvfb xdotool dbus-daemon at-spi2-core python3-pyatspi
 
 # A developer's machine with ccache rebuilds from its cache; a clean CI machine has none.
 launcher=()

@@ -84,6 +84,8 @@ MsgResult FileRig::answer(const MsgBox& box) {
         case MsgButtons::YesNo:
         case MsgButtons::YesNoCancel:
             return questionAnswer;
+        case MsgButtons::RestoreDefaultsClose:
+            return restoreDefaults ? MsgResult::RestoreDefaults : MsgResult::Close;
         case MsgButtons::OK:
             break;
     }

@@ -58,6 +58,8 @@ public:
     std::function<void(Form&)> onForm;
     // The answer to a Yes or No question.
     MsgResult questionAnswer = MsgResult::No;
+    // The answer to a file that cannot be read: Restore Defaults, or Close.
+    bool restoreDefaults = false;
 
 private:
     MsgResult answer(const MsgBox& box);

@@ -25,6 +25,9 @@ std::vector<HofSnapshot::Row> canonical(std::vector<HofSnapshot::Row> rows) {
     return rows;
 }
 
+// The box that tells of rows that no game could have written, left out of a table.
+bool leftOut(const MsgBox& box) { return box.text.find(" that no game could have written (") != std::string::npos; }
+
 bool anyBox(const FileRig& rig, const std::string& words) {
     return std::any_of(rig.boxes().begin(), rig.boxes().end(),
                        [&](const MsgBox& box) { return box.text.find(words) != std::string::npos; });
@@ -106,40 +109,51 @@ std::string HallOfFameTarget::run(const std::uint8_t* data, std::size_t size) {
     return "";
 }
 
-// Every box is one of the records' own, each told once: the password's for a file that is no
-// database, or one that names the file, the operation and the reason.
+// Every box is one of the records' own, told once, that names the file, the operation and the
+// reason; a file that cannot be opened is told at the opening and at no operation after it.
 std::string HallOfFameTarget::checkBoxes(FileRig& rig, const HofSnapshot& before) const {
     if (rig.host().ending()) return "the program ended";
     const std::string head = "The Hall of Fame file \"" + rig.file(HallOfFame::kFileName).string() + "\" cannot be ";
     const std::string tail = ".\n\nThe game goes on without it.";
     std::set<std::string> seen;
+    bool opened = false;
     for (const MsgBox& box : rig.boxes()) {
         const std::string shown = "\"" + box.text.substr(0, 300) + "\" (" + box.title + ")";
         if (!seen.insert(box.text).second) return "a box told twice: " + shown;
-        if (box.title == "Invalid Password" && box.text == "System Password Error") {
-            if (before.database) return "the password's box for a file that reads as a database";
+        if (box.title == "Invalid Password") return "a file told as a password error: " + shown;
+        if (box.title == "Hall of Fame" && box.buttons == MsgButtons::OK && leftOut(box)) {
+            const std::string holds =
+                "The Hall of Fame file \"" + rig.file(HallOfFame::kFileName).string() + "\" holds ";
+            if (box.text.rfind(holds, 0) != 0 || box.text.back() != '.')
+                return "a box of rows left out that does not name the file or why: " + shown;
             continue;
         }
         if (box.title != "Hall of Fame" || box.buttons != MsgButtons::OK || box.text.rfind(head, 0) != 0)
             return "a box that is none of the records': " + shown;
         std::string rest = box.text.substr(head.size());
         bool named = false;
-        for (const char* operation : {"read to test the score: ", "read: ", "written: "})
+        for (const char* operation : {"opened: ", "read to test the score: ", "read: ", "written: "})
             if (rest.rfind(operation, 0) == 0) {
+                if (opened) return "a file that cannot be opened told again: " + shown;
+                opened = operation[0] == 'o';
                 rest.erase(0, std::string(operation).size());
                 named = true;
             }
         if (!named || rest.size() < tail.size() + 3 || rest.compare(rest.size() - tail.size(), tail.size(), tail) != 0)
             return "a box of the records without its operation or reason: " + shown;
     }
+    if (!before.database && !opened) return "a file that is no database not told at its opening";
     return "";
 }
 
 std::string HallOfFameTarget::checkPages(FileRig& rig, const HofPages& pages, int gameType,
                                          const HofSnapshot& file) const {
-    const bool told = anyBox(rig, " cannot be read: ");
-    for (int t = 0; t < 2; ++t)
+    const bool unread = anyBox(rig, " cannot be read: ") || anyBox(rig, " cannot be opened: ");
+    for (int t = 0; t < 2; ++t) {
+        const bool told =
+            unread || anyBox(rig, std::string(" of ") + kTableNames[t] + " that no game could have written");
         if (std::string broken = pages.check(t, gameType, file.tables[t], told); !broken.empty()) return broken;
+    }
     return "";
 }
 
@@ -168,7 +182,9 @@ std::string HallOfFameTarget::enter(FileRig& rig, int t, SplitMix& plan, const H
     Program& program = rig.program();
     if (!rig.act([&] { entry.high = program.hof.IsHighScore(t, static_cast<int>(score)); }))
         return where + "IsHighScore: " + rig.failure();
-    if (table.ours && rig.boxes().size() == boxes) {
+    const bool failed = std::any_of(rig.boxes().begin() + static_cast<long>(boxes), rig.boxes().end(),
+                                    [](const MsgBox& box) { return !leftOut(box); });
+    if (table.ours && !failed) {
         const bool high = table.rows.size() < HallOfFame::kRows || score > last;
         if (entry.high != high)
             return where + "IsHighScore says " + (entry.high ? "yes" : "no") + " for a table of " +
@@ -232,7 +248,8 @@ std::string HallOfFameTarget::checkKept(int t, const HofSnapshot& before, const 
     const HofSnapshot::Table& was = before.tables[t];
     const HofSnapshot::Table& is = after.tables[t];
     if (!was.ours) return "";
-    if (!is.ours) return "the game's own table is no longer whole, or holds rows that are no records";
+    if (!is.ours) return "the game's own table is no longer whole";
+    if (is.foreign != was.foreign) return "its rows that are no records changed";
     const std::vector<HofSnapshot::Row> now = canonical(is.rows);
     if (!entry.given) return now == canonical(was.rows) ? "" : "its rows changed, but nothing was stored";
     std::vector<HofSnapshot::Row> expected = was.rows;

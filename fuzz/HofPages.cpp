@@ -7,23 +7,19 @@
 #include <utility>
 
 #include "FileRig.h"
+#include "records/Characters.h"
 #include "records/FrmHOF.h"
 
 namespace petal::fuzz {
 
 namespace {
 
-std::size_t characters(const std::string& text) {
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
-}
-
-// A whole number of 32 bits, written as the store writes numbers.
+// A whole number of 16 bits, written as the store writes numbers.
 std::optional<long long> whole(const std::string& text) {
-    if (text.empty() || text.size() > 11 || text.find_first_not_of("-0123456789") != std::string::npos)
+    if (text.empty() || text.size() > 6 || text.find_first_not_of("-0123456789") != std::string::npos)
         return std::nullopt;
     const long long value = std::strtoll(text.c_str(), nullptr, 10);
-    if (value < INT_MIN || value > INT_MAX || std::to_string(value) != text) return std::nullopt;
+    if (value < SHRT_MIN || value > SHRT_MAX || std::to_string(value) != text) return std::nullopt;
     return value;
 }
 
@@ -63,8 +59,10 @@ std::string HofPages::check(int t, int gameType, const HofSnapshot::Table& table
             continue;
         }
         if (blankAbove) return row + "a record below a blank row";
-        if (characters(c[0][r]) > 20) return row + "a name of " + std::to_string(characters(c[0][r])) + " characters";
-        if (characters(c[1][r]) > 10) return row + "a date of " + std::to_string(characters(c[1][r])) + " characters";
+        if (const std::size_t n = characterCount(c[0][r]); n > 20)
+            return row + "a name of " + std::to_string(n) + " characters";
+        if (const std::size_t n = characterCount(c[1][r]); n > 10)
+            return row + "a date of " + std::to_string(n) + " characters";
         std::array<std::optional<long long>, 5> n;  // score, yaku, won, rounds, score average
         n[0] = whole(c[2][r]);
         n[1] = whole(c[3][r]);
@@ -83,7 +81,7 @@ std::string HofPages::check(int t, int gameType, const HofSnapshot::Table& table
             n[4] = whole(c[6][r]);
         }
         for (std::size_t i = 0; i < (t ? 5u : 2u); ++i)
-            if (!n[i]) return row + "a value that is no whole number of 32 bits";
+            if (!n[i]) return row + "a value that is no whole number of 16 bits";
         const std::pair<long long, long long> key{t ? *n[4] : 0, *n[0]};
         if (key > above) return row + "a record above its place in the order";
         above = key;
@@ -96,6 +94,8 @@ std::string HofPages::check(int t, int gameType, const HofSnapshot::Table& table
                    ", and no word of why";
         return "";
     }
+    if (table.foreign > 0 && !told)
+        return page + ": " + std::to_string(table.foreign) + " rows that are no records left out without a word";
     const int expected = static_cast<int>(std::min<std::size_t>(table.rows.size(), 10));
     if (shown != expected)
         return page + ": " + std::to_string(shown) + " rows of the game's own table of " +

@@ -8,6 +8,8 @@
 #include <fstream>
 #include <memory>
 
+#include "records/Characters.h"
+
 namespace petal::fuzz {
 
 namespace {
@@ -59,15 +61,15 @@ bool open(const std::filesystem::path& file, Db& d) {
 
 bool sameName(const std::string& a, const char* b) { return ::strcasecmp(a.c_str(), b) == 0; }
 
-// Characters of UTF-8 text, as the entry box and the engine count them.
-std::size_t characters(const std::string& text) {
-    return static_cast<std::size_t>(
-        std::count_if(text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0) != 0x80; }));
+// A text as a record holds it: well-formed, of at most `most` characters as the entry box
+// counts them.
+bool recordText(const std::string& text, std::size_t most) {
+    return isWellFormedUtf8(text) && characterCount(text) <= most;
 }
 
-// The rows of one of the game's tables, each a record that the game could have written; false
-// if one is not, or the rows cannot be read.
-bool readRecords(sqlite3* db, int t, std::vector<HofSnapshot::Row>& rows) {
+// The records of one of the game's tables, and the count of its other rows; false if the rows
+// cannot be read.
+bool readRecords(sqlite3* db, int t, std::vector<HofSnapshot::Row>& rows, long& foreign) {
     const int numbers = t ? 6 : 2;
     std::string columns = kColumns;
     if (!t) columns = "PlayerName, DateWon, Score, YakuCount";
@@ -75,19 +77,20 @@ bool readRecords(sqlite3* db, int t, std::vector<HofSnapshot::Row>& rows) {
     if (!query.ok()) return false;
     int rc;
     while ((rc = sqlite3_step(query.stmt)) == SQLITE_ROW) {
+        // The types first: reading a value as text or number may change its type.
+        bool record = true;
+        for (int c = 0; c < 2 + numbers; ++c)
+            record = record && sqlite3_column_type(query.stmt, c) == (c < 2 ? SQLITE_TEXT : SQLITE_INTEGER);
         HofSnapshot::Row row;
-        for (int c = 0; c < 2; ++c)
-            if (sqlite3_column_type(query.stmt, c) != SQLITE_TEXT) return false;
         row.name = query.text(0);
         row.date = query.text(1);
-        if (characters(row.name) > 20 || characters(row.date) > 10) return false;
+        record = record && recordText(row.name, 20) && recordText(row.date, 10);
         for (int n = 0; n < numbers; ++n) {
-            if (sqlite3_column_type(query.stmt, 2 + n) != SQLITE_INTEGER) return false;
-            const sqlite3_int64 value = sqlite3_column_int64(query.stmt, 2 + n);
-            if (value < INT_MIN || value > INT_MAX) return false;
-            row.numbers[n] = value;
+            row.numbers[n] = sqlite3_column_int64(query.stmt, 2 + n);
+            record = record && row.numbers[n] >= SHRT_MIN && row.numbers[n] <= SHRT_MAX;
         }
-        rows.push_back(std::move(row));
+        if (record) rows.push_back(std::move(row));
+        else ++foreign;
     }
     return rc == SQLITE_DONE;
 }
@@ -165,9 +168,10 @@ HofSnapshot HofSnapshot::read(const std::filesystem::path& file, const Schema& s
                                       }) &&
                           std::find(on.begin(), on.end(), designed.front()) != on.end();
         if (!made || table.count < 0) continue;
-        table.ours = readRecords(d.db, t, table.rows);
+        table.ours = readRecords(d.db, t, table.rows, table.foreign);
         if (!table.ours) {
             table.rows.clear();
+            table.foreign = 0;
             continue;
         }
         std::stable_sort(table.rows.begin(), table.rows.end(),

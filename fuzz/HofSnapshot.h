@@ -3,8 +3,9 @@
 // program's code: whether it reads as a database and is whole, each record table's rows, and
 // the content of every other table. A record table is the game's own when it was made by the
 // statements that the program itself sends (`schema`), with nothing else on it, in a whole
-// file in UTF-8 that SQLite may write, and each of its rows is a record that the game could
-// have written: a name of at most 20 characters, a date text of at most 10, numbers of 32 bits.
+// file in UTF-8 that SQLite may write. Its rows are the records that the game could have
+// written (a well-formed name of at most 20 characters, a date text of at most 10, numbers of
+// 16 bits), and the count of the others, which the program leaves out.
 #include <array>
 #include <filesystem>
 #include <string>
@@ -24,7 +25,8 @@ public:
         bool present = false;  // a table of that name, whatever its columns
         long count = -1;       // its rows; -1 when they cannot be counted
         bool ours = false;
-        std::vector<Row> rows;  // when ours, in the designed order
+        std::vector<Row> rows;  // when ours, its records in the designed order
+        long foreign = 0;       // when ours, its rows that are no records
     };
     // The schema's entries of the program's own file.
     struct Entry {

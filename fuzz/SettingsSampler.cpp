@@ -79,6 +79,13 @@ std::vector<std::uint8_t> SettingsSampler::input() {
         else
             mutator.mutate(text, 4);
     }
+    if (random_.chance(4)) {
+        // Saved by an editor as UTF-16, with its byte-order mark.
+        const bool little = random_.chance(50);
+        std::string wide = little ? "\xFF\xFE" : "\xFE\xFF";
+        for (const char c : text) wide += little ? std::string{c, '\0'} : std::string{'\0', c};
+        text = wide;
+    }
     return {text.begin(), text.end()};
 }
 

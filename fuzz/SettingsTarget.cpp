@@ -74,6 +74,7 @@ std::string SettingsTarget::run(const std::uint8_t* data, std::size_t size) {
     rig.write(Gardenia::kFileName, bytes);
     rig.write(HallOfFame::kFileName, emptyRecords_);
     SplitMix plan(FileRig::planSeed(bytes));
+    rig.restoreDefaults = plan.chance(50);
     if (!rig.start()) return "at start: " + rig.failure();
     if (std::string broken = afterStart(rig, bytes); !broken.empty()) return "at start: " + broken;
     if (rig.host().ending()) return "";
@@ -89,38 +90,59 @@ std::string SettingsTarget::run(const std::uint8_t* data, std::size_t size) {
 
 std::string SettingsTarget::afterStart(FileRig& rig, const std::string& bytes) {
     const std::string file = "\"" + rig.file(Gardenia::kFileName).string() + "\"";
-    std::string now;
-    if (!rig.read(Gardenia::kFileName, now) || now != bytes) return "the start changed the settings file";
     const std::optional<std::array<int, 4>> written = asWritten(bytes);
     const std::vector<MsgBox>& boxes = rig.boxes();
-    if (rig.host().ending()) {
+    const bool unreadable = !boxes.empty() && boxes[0].buttons == MsgButtons::RestoreDefaultsClose;
+    if (unreadable) {
         ++refused_;
-        if (written) return "a file as the program writes it ends the program";
-        if (rig.host().exitStatus() == 0) return "the program ended for its file with status 0";
-        if (boxes.size() != 1) return "the program ended with " + std::to_string(boxes.size()) + " boxes";
+        if (written) return "a file as the program writes it cannot be read";
+        if (boxes.size() != 1) return "a file that cannot be read, and " + std::to_string(boxes.size()) + " boxes";
         const std::string& text = boxes[0].text;
         const std::size_t at = text.find(file + " cannot be read: ");
-        if (at == std::string::npos || boxes[0].icon != MsgIcon::Exclamation || text.size() < at + file.size() + 20 ||
-            text.back() != '.')
-            return "the box of the end does not name the file, what failed and why: " + text;
+        if (at == std::string::npos || boxes[0].icon != MsgIcon::Exclamation || text.size() < at + file.size() + 20)
+            return "the box of a file that cannot be read does not name it, what failed and why: " + text;
+    }
+    std::string now, aside;
+    if (unreadable && rig.restoreDefaults) {
+        // Kept aside whole, and the game goes on with the defaults.
+        if (rig.host().ending()) return "the program ended after Restore Defaults";
+        if (!rig.read(std::string(Gardenia::kFileName) + ".bad", aside) || aside != bytes)
+            return "the file put aside is not the one that could not be read";
+        if (!rig.read(Gardenia::kFileName, now) || now != SettingsSampler::written(0, 10, -1, 0))
+            return "after Restore Defaults the file does not hold the defaults";
+        const Globals& g = rig.f().g;
+        if (g.gGameType != 0 || g.gRounds != 10 || !g.gUseYaku) return "after Restore Defaults other values than these";
+        return outOfRange(rig.f());
+    }
+    if (!rig.read(Gardenia::kFileName, now) || now != bytes) return "the start changed the settings file";
+    if (rig.host().ending()) {
+        if (!unreadable) return "the program ended at start without a file that cannot be read";
+        if (rig.host().exitStatus() == 0) return "the program closed for its file with status 0";
         return "";
     }
+    if (unreadable) return "the program goes on after Close";
     FrmMain& f = rig.f();
     if (std::string broken = outOfRange(f); !broken.empty()) return broken;
-    std::array<int, 4> values{};
+    SettingsText read;
     try {
-        values = f.settings.ReadSettings();
+        if (f.settings.ReadSettings() != (read = parseSettings(bytes, rig.file(Gardenia::kFileName))).values)
+            return "the file reads as other values than its text";
     } catch (const FatalError& e) {
         return std::string("the file that the start read cannot be read again: ") + e.what();
     }
+    const std::array<int, 4>& values = read.values;
     if (written && values != *written) return "a file as the program writes it reads as other values";
     const Globals& g = f.g;
     const bool told = !boxes.empty() &&
                       boxes[0].text.find(file + " holds values that the game cannot play with") != std::string::npos;
     if (boxes.size() > (told ? 1u : 0u)) return "a box at start: " + boxes.back().text;
-    if (g.gUseYaku != (values[2] != 0)) return "the yaku flag is not the file's";
-    const bool kept = g.gGameType == values[0] && g.gRounds == values[1];
-    const bool playable = (values[0] == 0 || values[0] == 1) && values[1] >= (values[0] == 1 ? 1 : 0);
+    // A line that holds no number takes its default, as a value the game cannot play with does.
+    const bool yakuKept = !read.noNumber[2] && g.gUseYaku == (values[2] != 0);
+    if (read.noNumber[2] && !g.gUseYaku) return "a yaku flag of no number is not its default";
+    if (!read.noNumber[2] && !yakuKept) return "the yaku flag is not the file's";
+    const bool numbers = !read.noNumber[0] && !read.noNumber[1] && !read.noNumber[2];
+    const bool kept = numbers && g.gGameType == values[0] && g.gRounds == values[1] && yakuKept;
+    const bool playable = numbers && (values[0] == 0 || values[0] == 1) && values[1] >= (values[0] == 1 ? 1 : 0);
     if (playable && !kept) return "a value that the game plays with was replaced";
     if (kept == told)
         return kept ? "a box about values that stand as read" : "a value other than the file's without a word";
@@ -212,8 +234,8 @@ std::vector<std::uint8_t> SettingsTarget::sample(SplitMix& random) { return Sett
 
 std::string SettingsTarget::stats() const {
     return std::to_string(inputs_) + " inputs: " + std::to_string(started_) + " started (" + std::to_string(replaced_) +
-           " with a value replaced), " + std::to_string(refused_) + " ended at start; " + std::to_string(dealt_) +
-           " deals, " + std::to_string(saved_) + " saved from Setup";
+           " with a value replaced), " + std::to_string(refused_) + " could not be read (about half put aside); " +
+           std::to_string(dealt_) + " deals, " + std::to_string(saved_) + " saved from Setup";
 }
 
 }  // namespace petal::fuzz

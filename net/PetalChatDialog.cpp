@@ -43,6 +43,8 @@ PetalChatDialog::PetalChatDialog(FrmPetalChat& form, QtHost& host, PictureStore&
     text_->setObjectName(QStringLiteral("txtMsg"));
     send_->setObjectName(QStringLiteral("cmdSend"));
     close_->setObjectName(QStringLiteral("cmdClose"));
+    list_->setAccessibleName(QStringLiteral("Chat lines"));
+    text_->setAccessibleName(QStringLiteral("Your line"));
 
     auto* layout = new QVBoxLayout(picture_);
     layout->setContentsMargins(18, 18, 18, 16);

@@ -14,8 +14,10 @@ class Form;
 class Socket;
 
 enum class MsgIcon { None, Critical, Question, Exclamation, Information };
-enum class MsgButtons { OK, OKCancel, YesNo, YesNoCancel, RetryCancel };
-enum class MsgResult { OK, Cancel, Yes, No, Retry };
+// RestoreDefaultsClose: a file of the program's that cannot be read, which the player may put
+// aside for its defaults, or close the program.
+enum class MsgButtons { OK, OKCancel, YesNo, YesNoCancel, RetryCancel, RestoreDefaultsClose };
+enum class MsgResult { OK, Cancel, Yes, No, Retry, RestoreDefaults, Close };
 
 struct MsgBox {
     std::string text;
@@ -69,6 +71,9 @@ public:
     // Where the files delivered with the program lie (its help): beside it, or in the shared
     // data folder of an installed copy.
     virtual std::filesystem::path helpFolder() = 0;
+    // What the player is to be told, once, of where the program's files went (they could not
+    // stay in its folder); empty when they stand where they stood.
+    virtual std::string filesMoved() { return {}; }
 
     // Shows the main window, non-modally; the splash does so from its load.
     virtual void showMainForm() = 0;

@@ -1,6 +1,7 @@
 #include "records/FrmHOFWinner.h"
 
 #include "cards/Globals.h"
+#include "records/Characters.h"
 #include "records/HallOfFame.h"
 
 namespace petal {
@@ -11,14 +12,8 @@ void FrmHOFWinner::Form_Load() {
 }
 
 void FrmHOFWinner::setTxtHOFName(const std::string& text) {
-    // Counted in characters, not bytes, so a UTF-8 name of 20 letters fits.
-    std::string limited;
-    std::size_t characters = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool startsCharacter = (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80;
-        if (startsCharacter && ++characters > kMaxName) break;
-        limited += text[i];
-    }
+    // Counted as characters are seen, so an emoji with its modifiers is one and is never cut.
+    const std::string limited = firstCharacters(wellFormedUtf8(text), kMaxName);
     if (limited == name_) return;
     name_ = limited;
     txtHOFName_Change();

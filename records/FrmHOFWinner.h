@@ -3,15 +3,15 @@
 #include <string>
 
 #include "platform/Form.h"
+#include "records/HallOfFame.h"
 
 namespace petal {
 
-class HallOfFame;
 struct Globals;
 
 class FrmHOFWinner : public Form {
 public:
-    static constexpr std::size_t kMaxName = 20;
+    static constexpr std::size_t kMaxName = HallOfFame::kNameLength;
 
     FrmHOFWinner(Globals& g, HallOfFame& hof) : g_(g), hof_(hof) {}
     const char* formName() const override { return "frmHOFWinner"; }
@@ -29,7 +29,8 @@ public:
     bool cmdOKEnabled() const { return okEnabled_; }
 
     void Form_Load() override;
-    // The user's edit of the box; the box holds at most 20 characters.
+    // The user's edit of the box; the box holds at most 20 characters, as a person counts
+    // them, in well-formed UTF-8.
     void setTxtHOFName(const std::string& text);
     void cmdOK_Click();
     void cmdCancel_Click() { Unload(); }

@@ -7,6 +7,7 @@
 #include "platform/FatalError.h"
 #include "platform/Host.h"
 #include "records/AtomicFile.h"
+#include "records/SetAside.h"
 
 namespace petal {
 
@@ -26,22 +27,53 @@ bool onlyBlanksFrom(const std::string& text, std::size_t at) {
     return true;
 }
 
+// Whether a token begins with a number, as Val reads it: blanks, a sign, then a digit.
+bool holdsNumber(std::string_view token) {
+    const std::size_t at = token.find_first_not_of(" \t");
+    if (at == std::string_view::npos) return false;
+    const std::size_t digit = token[at] == '-' || token[at] == '+' ? at + 1 : at;
+    return digit < token.size() && token[digit] >= '0' && token[digit] <= '9';
+}
+
+// The file's text as single bytes: a byte-order mark of UTF-8 is dropped, and UTF-16 is read by
+// its code units, those beyond ASCII (which no number holds) standing as '?'.
+std::string singleByteText(const std::string& bytes) {
+    if (bytes.rfind("\xEF\xBB\xBF", 0) == 0) return bytes.substr(3);
+    const bool little = bytes.rfind("\xFF\xFE", 0) == 0;
+    if (!little && bytes.rfind("\xFE\xFF", 0) != 0) return bytes;
+    std::string text;
+    for (std::size_t i = 2; i + 1 < bytes.size(); i += 2) {
+        const auto low = static_cast<unsigned char>(bytes[little ? i : i + 1]);
+        const auto high = static_cast<unsigned char>(bytes[little ? i + 1 : i]);
+        text += high == 0 && low < 0x80 ? static_cast<char>(low) : '?';
+    }
+    return text;
+}
+
 }  // namespace
 
-std::array<int, 4> parseSettings(const std::string& text, const std::filesystem::path& file) {
-    std::array<int, 4> values{};
+SettingsText parseSettings(const std::string& bytes, const std::filesystem::path& file) {
+    const std::string text = singleByteText(bytes);
+    SettingsText read;
+    bool anyNumber = false;
     std::size_t at = 0;
     for (std::size_t index = 0;; ++index) {
-        if (index >= values.size()) fail(file, "cannot be read: it holds more than four numbers.");
+        if (index >= read.values.size()) fail(file, "cannot be read: it holds more than four numbers.");
         while (at < text.size() && isBlank(text[at])) ++at;
         if (at >= text.size()) fail(file, "cannot be read: it is empty, with no number to read.");
         const std::size_t end = text.find_first_of(",\r\n", at);
-        const long value = Val(std::string_view(text).substr(at, end - at));
+        const std::string_view token = std::string_view(text).substr(at, end - at);
+        const long value = Val(token);
         if (value < SHRT_MIN || value > SHRT_MAX) fail(file, "cannot be read: it holds a number out of range.");
-        values[index] = static_cast<int>(value);
+        read.values[index] = static_cast<int>(value);
+        read.noNumber[index] = !holdsNumber(token);
+        anyNumber = anyNumber || !read.noNumber[index];
         at = end == std::string::npos ? text.size() : end + 1;
         if (end != std::string::npos && text[end] == '\r' && at < text.size() && text[at] == '\n') ++at;
-        if (onlyBlanksFrom(text, at)) return values;
+        if (!onlyBlanksFrom(text, at)) continue;
+        // A file of NUL bytes, as a crash can leave, is no settings file: none of its values is the player's.
+        if (!anyNumber) fail(file, "cannot be read: no line of it holds a number.");
+        return read;
     }
 }
 
@@ -56,26 +88,59 @@ void Gardenia::LoadSettings() {
         WriteSettings(0, 10, -1, 0);
         return;
     }
-    const std::array<int, 4> values = ReadSettings();
-    g_.gGameType = values[0];
-    g_.gRounds = values[1];
-    g_.gUseYaku = values[2] != 0;
+    SettingsText text;
+    try {
+        text = read();
+    } catch (const FatalError& failure) {
+        restoreDefaultsOrClose(failure);
+        return;
+    }
+    g_.gGameType = text.values[0];
+    g_.gRounds = text.values[1];
+    g_.gUseYaku = text.values[2] != 0;
     g_.gPlayMode = 0;
-    replaceUnplayable();
+    replaceUnplayable(text.noNumber);
 }
 
-// Values stand as read wherever the game can play with them. A game type other than 0 or 1,
-// and rounds that cannot be counted (below 1 in a tournament, below 0 at all), take their
-// default; the player is told once, and the file keeps its lines until the setup dialog saves.
-void Gardenia::replaceUnplayable() {
+// A file that cannot be read used to end the program at every start until it was mended by
+// hand. Beside Close, which ends as before, the player may put it aside under a name of its own
+// and play on with the defaults.
+void Gardenia::restoreDefaultsOrClose(const FatalError& failure) {
+    const std::string aside = asideName(path()).filename().string();
+    const std::string text = std::string(failure.what()) + "\n\nRestore Defaults keeps it as \"" + aside +
+                             "\" beside it and goes on with the usual options; Close ends the program.";
+    if (host_.msgBox({text, failure.title(), MsgIcon::Exclamation, MsgButtons::RestoreDefaultsClose}) !=
+        MsgResult::RestoreDefaults) {
+        host_.endProgramAfterFailure();
+        throw failure;  // unwinds the start; the program ends without a second box
+    }
+    std::string why;
+    if (setAside(path(), why).empty()) fail(path(), "cannot be set aside: " + why + ".");
+    WriteSettings(0, 10, -1, 0);
+}
+
+// Values stand as read wherever the game can play with them. A line that holds no number, a
+// game type other than 0 or 1, and rounds that cannot be counted (below 1 in a tournament,
+// below 0 at all) take their default; the player is told once, and the file keeps its lines
+// until the setup dialog saves.
+void Gardenia::replaceUnplayable(const std::array<bool, 4>& noNumber) {
     std::string told;
-    if (g_.gGameType != 0 && g_.gGameType != 1) {
-        told += "\n  line 1, the game type, holds " + std::to_string(g_.gGameType) + ": a single game (0) is taken instead";
+    const auto holds = [&](int line, int value) {
+        static const char* const kNames[] = {", the game type, ", ", the rounds, ", ", the yaku flag, "};
+        return "\n  line " + std::to_string(line) + kNames[line - 1] +
+               (noNumber[line - 1] ? std::string("holds no number") : "holds " + std::to_string(value));
+    };
+    if (noNumber[0] || (g_.gGameType != 0 && g_.gGameType != 1)) {
+        told += holds(1, g_.gGameType) + ": a single game (0) is taken instead";
         g_.gGameType = 0;
     }
-    if (g_.gRounds < (g_.gGameType == 1 ? 1 : 0)) {
-        told += "\n  line 2, the rounds, holds " + std::to_string(g_.gRounds) + ": 10 is taken instead";
+    if (noNumber[1] || g_.gRounds < (g_.gGameType == 1 ? 1 : 0)) {
+        told += holds(2, g_.gRounds) + ": 10 is taken instead";
         g_.gRounds = 10;
+    }
+    if (noNumber[2]) {
+        told += holds(3, 0) + ": yaku count (-1) is taken instead";
+        g_.gUseYaku = true;
     }
     if (told.empty()) return;
     host_.msgBox({"The settings file \"" + path().string() + "\" holds values that the game cannot play with:" + told +
@@ -83,7 +148,9 @@ void Gardenia::replaceUnplayable() {
                   "Petalgarden", MsgIcon::Exclamation, MsgButtons::OK});
 }
 
-std::array<int, 4> Gardenia::ReadSettings() const {
+std::array<int, 4> Gardenia::ReadSettings() const { return read().values; }
+
+SettingsText Gardenia::read() const {
     const std::filesystem::path file = path();
     std::string bytes;
     FileFailure failure;

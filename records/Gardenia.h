@@ -6,8 +6,16 @@
 
 namespace petal {
 
+class FatalError;
 class Host;
 struct Globals;
+
+// What a settings file holds: its four numbers, and the lines that hold no number at all (read
+// as 0). A byte-order mark of UTF-8 or UTF-16 is read as such.
+struct SettingsText {
+    std::array<int, 4> values{};
+    std::array<bool, 4> noNumber{};
+};
 
 class Gardenia {
 public:
@@ -23,15 +31,16 @@ public:
     std::filesystem::path path() const;
 
 private:
-    void replaceUnplayable();
+    SettingsText read() const;
+    void restoreDefaultsOrClose(const FatalError& failure);
+    void replaceUnplayable(const std::array<bool, 4>& noNumber);
 
     Host& host_;
     Globals& g_;
     std::string& mainCaption_;
 };
 
-// The numbers of a settings text; throws FatalError on an empty text, a fifth number or one
-// beyond 16 bits.
-std::array<int, 4> parseSettings(const std::string& text, const std::filesystem::path& file);
+// Throws FatalError on a text with no number in it, a fifth number or one beyond 16 bits.
+SettingsText parseSettings(const std::string& bytes, const std::filesystem::path& file);
 
 }  // namespace petal

@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "platform/Host.h"
+#include "records/Characters.h"
+#include "records/RecordRows.h"
 #include "records/SqliteStatement.h"
 
 namespace petal {
@@ -50,27 +52,8 @@ const TableDef kTournament = {
 
 const TableDef& tableFor(bool tournament) { return tournament ? kTournament : kSingle; }
 
-// The first row of a table that is no record the game can have written, in words: a name of
-// at most 20 characters and a date text of at most 10, every number whole and of 32 bits.
-std::string oddRowQuery(const TableDef& table) {
-    std::string cases;
-    const std::string columns = table.columns;
-    for (std::size_t at = 0; at < columns.size();) {
-        const std::size_t end = std::min(columns.find(", ", at), columns.size());
-        const std::string c = columns.substr(at, end - at);
-        at = end + 2;
-        if (c == "PlayerName" || c == "DateWon") {
-            const std::string most = c == "PlayerName" ? "20" : "10";
-            cases += " WHEN typeof(" + c + ") <> 'text' OR length(" + c + ") > " + most + " THEN 'its " + c +
-                     " is no text of at most " + most + " characters'";
-        } else {
-            cases += " WHEN typeof(" + c + ") <> 'integer' OR " + c +
-                     " NOT BETWEEN -2147483648 AND 2147483647 THEN 'its " + c + " is no whole number of 32 bits'";
-        }
-    }
-    return "SELECT odd FROM (SELECT CASE" + cases + " END AS odd FROM [" + table.name +
-           "]) WHERE odd IS NOT NULL LIMIT 1";
-}
+// The condition that keeps a table's records and leaves out every other row.
+std::string records(const TableDef& table) { return recordsOnly(table.columns); }
 
 // The rollback journal keeps the records in one file between runs, and a hot journal left by a
 // crash is rolled back at the next open; FULL syncs make each commit durable before it returns.
@@ -95,6 +78,7 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
         // elsewhere could run without end, or change rows behind the game's back: none runs.
         sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_VIEW, 0, nullptr);
         sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+        addRecordFunctions(db);
         o.rc = sqlite3_exec(db, "SELECT count(*) FROM sqlite_master", nullptr, nullptr, nullptr);
         // A write-protected file opens read-only without a word; refuse it here, not at a write.
         // So does a file whose header marks a format newer than SQLite may write, which no
@@ -125,6 +109,9 @@ Opening openFile(const std::filesystem::path& file, int lockWaitMs) {
         return o;
     }
     if (o.rc == SQLITE_CORRUPT && !fault.empty()) {
+        // A fault in a page comes under a header line that names only the database.
+        const std::string header = "*** in database main ***\n";
+        if (fault.rfind(header, 0) == 0) fault.erase(0, header.size());
         o.reason = "the file is damaged (" + fault.substr(0, std::min(fault.find('\n'), std::size_t{200})) + ")";
         sqlite3_close(db);
         return o;
@@ -162,6 +149,7 @@ bool accessDenied(const Opening& o) {
 struct HallOfFame::Failure {
     int code;
     std::string reason;
+    bool toldAtOpening = false;  // the records are out of reach, and the opening said why
     bool locked() const { return (code & 0xFF) == SQLITE_BUSY || (code & 0xFF) == SQLITE_LOCKED; }
 };
 
@@ -184,8 +172,9 @@ void HallOfFame::OpenHallOfFame() {
 }
 
 // Opens the file, making it when it is missing. A file refused to this user or locked by another
-// program asks Retry or Cancel; Cancel, like a file that is no database, leaves the records out of
-// reach and the program goes on without them.
+// program asks Retry or Cancel; a file that is no database, is damaged or cannot be written is
+// told at once with the store's reason. Either way the program goes on without the records, and
+// the operations that find them out of reach say nothing more.
 void HallOfFame::OpenExistingDatabase() {
     while (!host_.ending()) {
         const Opening o = openFile(path(), lockWaitMs_);
@@ -195,13 +184,13 @@ void HallOfFame::OpenExistingDatabase() {
             return;
         }
         unreachable_ = o.reason;
-        if ((o.rc & 0xFF) == SQLITE_NOTADB) {
-            host_.msgBox({"System Password Error", "Invalid Password", MsgIcon::Exclamation, MsgButtons::OK});
+        const std::string cause =
+            "The Hall of Fame file \"" + path().string() + "\" cannot be opened: " + o.reason + ".";
+        if (!accessDenied(o)) {
+            tellOnce(cause + "\n\nThe game goes on without it.");
             return;
         }
-        if (!accessDenied(o)) return;
-        const std::string text = "The Hall of Fame file \"" + path().string() + "\" cannot be opened: " + o.reason +
-                                 ".\n\nRetry, or Cancel to play on without the Hall of Fame.";
+        const std::string text = cause + "\n\nRetry, or Cancel to play on without the Hall of Fame.";
         if (host_.msgBox({text, "Access Denied", MsgIcon::Exclamation, MsgButtons::RetryCancel}) != MsgResult::Retry)
             return;
     }
@@ -237,6 +226,7 @@ bool HallOfFame::guarded(const std::string& operation, const std::function<void(
             body();
             return true;
         } catch (const Failure& failure) {
+            if (failure.toldAtOpening) return false;
             const std::string cause =
                 "The Hall of Fame file \"" + path().string() + "\" cannot be " + operation + ": " + failure.reason + ".";
             if (!failure.locked()) {
@@ -261,9 +251,7 @@ void HallOfFame::tellOnce(const std::string& text) {
 void HallOfFame::fail(int code) const { throw Failure{code, sqlite3_errmsg(gHOFDatabase_)}; }
 
 sqlite3* HallOfFame::database() const {
-    if (!gHOFDatabase_)
-        throw Failure{SQLITE_CANTOPEN, (unreachable_.empty() ? std::string("it is not open") : unreachable_) +
-                                           ", so the records are out of reach"};
+    if (!gHOFDatabase_) throw Failure{SQLITE_CANTOPEN, "it is not open", !unreachable_.empty()};
     return gHOFDatabase_;
 }
 
@@ -276,8 +264,10 @@ void HallOfFame::exec(const std::string& sql) {
     if (rc != SQLITE_OK) fail(rc);
 }
 
+// The records of a table, rows that no game wrote being left out.
 int HallOfFame::rowCount(const TableDef& table) {
-    SqliteStatement count(database(), std::string("SELECT count(*) FROM [") + table.name + "]");
+    SqliteStatement count(database(),
+                          std::string("SELECT count(*) FROM [") + table.name + "] WHERE " + records(table));
     prepared(count);
     const int rc = count.step();
     if (rc != SQLITE_ROW) fail(rc);
@@ -285,10 +275,10 @@ int HallOfFame::rowCount(const TableDef& table) {
 }
 
 // A file made or changed elsewhere may hold a view in a table's place, whose rows may never
-// end, or rows that the game never writes: text or nothing where a number belongs, a fraction,
-// a number beyond 32 bits, a name far too long. Such rows would show, sort and compare as no
-// record does, so their table is not read as records at all: the operation fails, telling
-// why, and the file stays as it is.
+// end: such a table is not read at all, the operation failing with why. Rows that the game
+// never writes (text or nothing where a number belongs, a fraction, a number beyond 16 bits, a
+// name far too long) would show, sort and compare as no record does: they are left out of every
+// operation and told, and the file keeps them as they are.
 int HallOfFame::recordCount(const TableDef& table) {
     {
         SqliteStatement kind(database(), "SELECT type FROM sqlite_master WHERE name = ?1 COLLATE NOCASE");
@@ -299,14 +289,28 @@ int HallOfFame::recordCount(const TableDef& table) {
                                                (kind.text(0) == "index" ? "an " : "a ") + kind.text(0) +
                                                ", not a table"};
     }
-    SqliteStatement odd(database(), oddRowQuery(table));
-    prepared(odd);
-    const int rc = odd.step();
-    if (rc == SQLITE_ROW)
-        throw Failure{SQLITE_MISMATCH, std::string("a row of ") + table.name + " is no record of the game (" +
-                                           odd.text(0) + ")"};
-    if (rc != SQLITE_DONE) fail(rc);
-    return rowCount(table);
+    SqliteStatement rows(database(), "SELECT count(*) - count(odd), count(odd), min(odd) FROM (SELECT " +
+                                         oddRowCase(table.columns) + " AS odd FROM [" + table.name + "])");
+    prepared(rows);
+    const int rc = rows.step();
+    if (rc != SQLITE_ROW) fail(rc);
+    if (const int odd = rows.integer(1); odd > 0) {
+        const bool one = odd == 1;
+        leftOut_ = "The Hall of Fame file \"" + path().string() + "\" holds " + std::to_string(odd) +
+                   (one ? " row of " : " rows of ") + table.name + " that no game could have written (" +
+                   (one ? "" : "one of them: ") + rows.text(2) + ").\n\n" +
+                   (one ? "It is left out of the table, and the file keeps it as it is."
+                        : "They are left out of the table, and the file keeps them as they are.");
+    }
+    return rows.integer(0);
+}
+
+// Rows left out by the operation that has just run are told once it is over, so that no box
+// stands while the file is held.
+void HallOfFame::tellLeftOut() {
+    if (leftOut_.empty()) return;
+    tellOnce(leftOut_);
+    leftOut_.clear();
 }
 
 // One write, whole or not at all: a failure inside rolls back.
@@ -335,8 +339,9 @@ bool HallOfFame::IsHighScore(int GameType, int Score) {
             return;
         }
         // Compared on Score even where the order is by ScoreAverage, as the tables always have been.
-        SqliteStatement last(gHOFDatabase_, std::string("SELECT Score FROM [") + table.name + "] ORDER BY " +
-                                                table.order + " LIMIT 1 OFFSET " + std::to_string(bar.rows - 1));
+        SqliteStatement last(gHOFDatabase_, std::string("SELECT Score FROM [") + table.name + "] WHERE " +
+                                                records(table) + " ORDER BY " + table.order + " LIMIT 1 OFFSET " +
+                                                std::to_string(bar.rows - 1));
         prepared(last);
         const int rc = last.step();
         if (rc != SQLITE_ROW) fail(rc);
@@ -344,6 +349,7 @@ bool HallOfFame::IsHighScore(int GameType, int Score) {
         high = Score > bar.lowest;
         bar_.remember(tournament, stamp, bar);
     });
+    tellLeftOut();
     return high;
 }
 
@@ -359,7 +365,8 @@ std::string HallOfFame::GetHallOfFame(int GameType) {
         rows.clear();
         recordCount(table);
         SqliteStatement query(database(), std::string("SELECT ") + table.columns + " FROM [" + table.name +
-                                              "] ORDER BY " + table.order + " LIMIT " + std::to_string(kRows));
+                                              "] WHERE " + records(table) + " ORDER BY " + table.order + " LIMIT " +
+                                              std::to_string(kRows));
         prepared(query);
         int rc;
         while ((rc = query.step()) == SQLITE_ROW) {
@@ -369,6 +376,7 @@ std::string HallOfFame::GetHallOfFame(int GameType) {
         }
         if (rc != SQLITE_DONE) fail(rc);
     });
+    tellLeftOut();
     std::string text;
     for (int row = 0; row < kRows; ++row) {
         for (int field = 0; field < fields; ++field) {
@@ -392,24 +400,29 @@ void HallOfFame::AddHallOfFameEntry(const std::string& PlayerName, int Score, in
             const int rows = rowCount(table);
             if (rows > kRows)
                 exec(std::string("DELETE FROM [") + table.name + "] WHERE rowid = (SELECT rowid FROM [" + table.name +
-                     "] ORDER BY " + table.order + " LIMIT 1 OFFSET " + std::to_string(rows - 1) + ")");
+                     "] WHERE " + records(table) + " ORDER BY " + table.order + " LIMIT 1 OFFSET " +
+                     std::to_string(rows - 1) + ")");
         });
     });
+    tellLeftOut();
 }
 
 void HallOfFame::insertRow(const TableDef& table, const std::string& PlayerName, int Score, int YakuCount,
                            int RoundsWon, int Rounds) {
     SqliteStatement insert(database(), table.insert);
     prepared(insert);
-    insert.bind(1, PlayerName);
+    // What is stored is always a record: a whole name, and numbers of 16 bits, which only a
+    // tournament of far more rounds than Setup allows could pass.
+    const auto held = [](int value) { return std::clamp(value, -32768, 32767); };
+    insert.bind(1, firstCharacters(wellFormedUtf8(PlayerName), kNameLength));
     insert.bind(2, host_.dateText());
-    insert.bind(3, Score);
-    insert.bind(4, YakuCount);
+    insert.bind(3, held(Score));
+    insert.bind(4, held(YakuCount));
     if (Rounds != 0) {
-        insert.bind(5, RoundsWon);
-        insert.bind(6, Rounds);
-        insert.bind(7, storedAverage(Score, Rounds));
-        insert.bind(8, storedAverage(YakuCount, Rounds));
+        insert.bind(5, held(RoundsWon));
+        insert.bind(6, held(Rounds));
+        insert.bind(7, storedAverage(held(Score), held(Rounds)));
+        insert.bind(8, storedAverage(held(YakuCount), held(Rounds)));
     }
     const int rc = insert.step();
     if (rc != SQLITE_DONE) fail(rc);

@@ -19,6 +19,7 @@ class HallOfFame {
 public:
     static constexpr const char* kFileName = "HOF.mdb";
     static constexpr int kRows = 10;
+    static constexpr std::size_t kNameLength = 20;  // characters, as a person counts them
     // A file locked by another program is waited for this long before the user is asked.
     static constexpr int kLockWaitMs = 3000;
 
@@ -67,6 +68,7 @@ private:
     void exec(const std::string& sql);
     int rowCount(const TableDef& table);
     int recordCount(const TableDef& table);
+    void tellLeftOut();
     void transaction(const std::function<void()>& writes);
     void insertRow(const TableDef& table, const std::string& PlayerName, int Score, int YakuCount, int RoundsWon,
                    int Rounds);
@@ -74,6 +76,7 @@ private:
     Host& host_;
     sqlite3* gHOFDatabase_ = nullptr;
     std::string unreachable_;  // why the file could not be opened
+    std::string leftOut_;      // rows that the last operation left out, to be told
     std::set<std::string> told_;
     int lockWaitMs_ = kLockWaitMs;
     HighScoreBar bar_;

@@ -58,11 +58,12 @@ HofDialog::HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget
 }
 
 // As wide as the widest text the column can hold (a name of twenty wide letters, a date, a
-// 16-bit number), so that the window keeps one width whatever the rows hold.
+// 16-bit number, two of them under RND), so that the window keeps one width whatever the rows
+// hold: the records keep rows with other values out.
 int HofDialog::columnWidth(int column, const QFont& heading) const {
     static const QString kWidest[FrmHOF::kColumns] = {QString(20, QLatin1Char('W')), QStringLiteral("00/00/0000"),
                                                       QStringLiteral("-32768"),      QStringLiteral("-32768"),
-                                                      QStringLiteral("20/20"),       QStringLiteral("-32768"),
+                                                      QStringLiteral("-32768/-32768"),       QStringLiteral("-32768"),
                                                       QStringLiteral("-32768")};
     const int value = fontMetrics().horizontalAdvance(kWidest[column]);
     const int title = QFontMetrics(heading).horizontalAdvance(QString::fromStdString(form_.cells[column][0]));

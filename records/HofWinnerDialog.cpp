@@ -4,12 +4,28 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QValidator>
 
 #include "assets/PictureStore.h"
+#include "records/Characters.h"
 #include "records/FrmHOFWinner.h"
 #include "platform/qt/QtHost.h"
 
 namespace petal {
+
+namespace {
+
+// The box takes no edit that would make the name longer than its characters allow, counted
+// as the form counts them; a limit in UTF-16 units would cut an emoji in half.
+class NameLength : public QValidator {
+public:
+    using QValidator::QValidator;
+    State validate(QString& input, int&) const override {
+        return characterCount(input.toStdString()) <= FrmHOFWinner::kMaxName ? Acceptable : Invalid;
+    }
+};
+
+}  // namespace
 
 HofWinnerDialog::HofWinnerDialog(FrmHOFWinner& form, QtHost& host, PictureStore& pictures, QWidget* parent)
     : FormDialog(form, host, parent), form_(form), name_(new QLineEdit(this)), ok_(new QPushButton(QStringLiteral("OK"), this)) {
@@ -19,8 +35,10 @@ HofWinnerDialog::HofWinnerDialog(FrmHOFWinner& form, QtHost& host, PictureStore&
     picture->setPixmap(pictures.pixmap(pic::HofWinnerDecoration, devicePixelRatioF()));
     layout->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
     layout->addWidget(new QLabel(QString::fromStdString(form.Label1), this), 0, 1, 1, 2);
-    layout->addWidget(new QLabel(QString::fromStdString(form.Label2), this), 1, 1, 1, 2);
-    name_->setMaxLength(static_cast<int>(FrmHOFWinner::kMaxName));
+    auto* prompt = new QLabel(QString::fromStdString(form.Label2), this);
+    prompt->setBuddy(name_);  // a reader names the box by the line that asks for it
+    layout->addWidget(prompt, 1, 1, 1, 2);
+    name_->setValidator(new NameLength(name_));
     name_->setText(QString::fromStdString(form.txtHOFName()));
     layout->addWidget(name_, 2, 1, 1, 2);
     auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);

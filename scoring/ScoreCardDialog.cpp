@@ -32,7 +32,9 @@ ScoreCardDialog::ScoreCardDialog(FrmScoreCard& form, QtHost& host, QWidget* pare
     grid_->verticalHeader()->hide();
     grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grid_->setSelectionMode(QAbstractItemView::NoSelection);
-    grid_->setFocusPolicy(Qt::NoFocus);
+    // Tab reaches the grid, so that a reader can go through its cells with the arrows.
+    grid_->setFocusPolicy(Qt::TabFocus);
+    grid_->setAccessibleName(QStringLiteral("Score card"));
     grid_->setTextElideMode(Qt::ElideNone);
     grid_->setWordWrap(false);
     grid_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -67,6 +67,7 @@ void MainWindow::sync() {
         // The mark follows the model, which the item's handler has turned.
         if (item->checkable) action->setChecked(item->Checked);
     }
+    table_->modelChanged();
     table_->update();
 }
 

@@ -21,8 +21,11 @@ public:
 
     // Start-up: the Hall of Fame (and the statistics) open before anything is shown; then the
     // splash, shown modally, shows the main form from its own load and leaves by itself. A game
-    // the last run left is offered once the table stands.
+    // the last run left is offered once the table stands. Files that had to leave the
+    // program's folder are told of first, before any of them is read.
     void Main() {
+        if (const std::string moved = host.filesMoved(); !moved.empty())
+            host.msgBox({moved, "Petalgarden", MsgIcon::Information, MsgButtons::OK});
         hof.OpenHallOfFame();
         if (frmMain.journal.keeping()) frmMain.stats.open();
         FrmSplash frmSplash(frmMain);

@@ -48,6 +48,8 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     rounds_ = new QLineEdit(frame1);
     rounds_->setFixedWidth(40);
     rounds_->installEventFilter(this);
+    roundsLabel_->setBuddy(rounds_);  // a reader names the box by its label
+    frame1->setAccessibleName(QStringLiteral("Game Type"));
     typeLayout->addWidget(roundsLabel_, 2, 0);
     typeLayout->addWidget(rounds_, 2, 1, Qt::AlignLeft);
     yaku_ = new QCheckBox(QStringLiteral("Use Yaku"), frame1);
@@ -74,17 +76,21 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     computerRow_ = new QWidget(frame2);
     auto* computerLayout = new QHBoxLayout(computerRow_);
     computerLayout->setContentsMargins(24, 0, 0, 0);
-    computerLayout->addWidget(new QLabel(QStringLiteral("Computer:"), computerRow_));
+    auto* computerLabel = new QLabel(QStringLiteral("Computer:"), computerRow_);
+    computerLayout->addWidget(computerLabel);
     const char* computers[2] = {"Standard", "Strong"};
     for (int i = 0; i < 2; ++i) {
         computer_[i] = new QRadioButton(QString::fromLatin1(computers[i]), computerRow_);
         computerLayout->addWidget(computer_[i]);
         onClick(computer_[i], [this, i] { form_.selectComputer(i); });
     }
+    computerLabel->setBuddy(computer_[0]);
     computerLayout->addStretch();
     modeLayout->addWidget(computerRow_, 1, 0, 1, 2);
     hostIP_ = new QLineEdit(frame2);
-    modeLayout->addWidget(new QLabel(QStringLiteral("Host IP"), frame2), 4, 0);
+    auto* hostLabel = new QLabel(QStringLiteral("Host IP"), frame2);
+    hostLabel->setBuddy(hostIP_);
+    modeLayout->addWidget(hostLabel, 4, 0);
     modeLayout->addWidget(hostIP_, 4, 1);
     top->addWidget(frame2, 1, 0, 1, 2);
 

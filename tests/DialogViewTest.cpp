@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -78,13 +79,20 @@ TEST_F(DialogView, TheNameFormStoresTheTypedNameInTheHallOfFame) {
         okWhenEmpty = button(dialog, "OK")->isEnabled();
         QTest::keyClicks(name, "Sakura");
         okWithText = button(dialog, "OK")->isEnabled();
+        // Fourteen emoji fill the box to twenty characters; the fifteenth key does nothing.
+        for (int i = 0; i < 15; ++i) {
+            QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString::fromUtf8("\U0001F338"));
+            QApplication::sendEvent(name, &key);
+        }
         button(dialog, "OK")->click();
     });
     host.dispatch([&] { host.showModal(winner); });
     EXPECT_FALSE(okWhenEmpty) << "clearing the box disables OK";
     EXPECT_TRUE(okWithText);
-    EXPECT_EQ(program.g.gHighScoreName, "Sakura");
-    EXPECT_EQ(program.hof.GetHallOfFame(0).substr(0, 7), "Sakura,");
+    std::string flowers;
+    for (int i = 0; i < 14; ++i) flowers += "\U0001F338";
+    EXPECT_EQ(program.g.gHighScoreName, "Sakura" + flowers);
+    EXPECT_EQ(program.hof.GetHallOfFame(0).substr(0, 7 + flowers.size()), "Sakura" + flowers + ",");
 }
 
 TEST_F(DialogView, TheHallOfFameShowsItsTwoPagesAndCloses) {
@@ -105,26 +113,34 @@ TEST_F(DialogView, TheHallOfFameShowsItsTwoPagesAndCloses) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
-// The window used to widen as long names filled its rows.
-TEST_F(DialogView, TheHallOfFameKeepsOneWidthAsItsRowsFillAndTheLongestNameFits) {
+// The window used to widen as long names filled its rows, and the widest numbers showed clipped.
+TEST_F(DialogView, TheHallOfFameKeepsOneWidthAsItsRowsFillAndTheWidestValuesFit) {
     const QString longest(20, QLatin1Char('W'));
-    auto shownWidth = [&](const QString& picture, bool* nameFits) {
+    auto shownWidth = [&](const QString& picture, QStringList* clipped) {
         int width = 0;
         whenShown(picture, [&](QWidget* dialog) {
             width = dialog->width();
-            for (auto* label : dialog->findChildren<QLabel*>())
-                if (label->text() == longest) *nameFits = label->sizeHint().width() <= label->width();
+            for (const char* page : {"Next", "Previous"}) {
+                for (auto* label : dialog->findChildren<QLabel*>())
+                    if (!label->text().isEmpty() && label->sizeHint().width() > label->width())
+                        *clipped << label->text();
+                button(dialog, page)->click();
+            }
             button(dialog, "Close")->click();
         });
         host.dispatch([this] { program.frmMain.mnuVHallofFame_Click(); });
         return width;
     };
-    bool fits = false;
-    const int empty = shownWidth("hall-of-fame-empty.png", &fits);
-    for (int i = 0; i < 10; ++i) program.hof.AddHallOfFameEntry(longest.toStdString(), 100 + i, 9, 0, 0);
-    const int full = shownWidth("hall-of-fame-full.png", &fits);
+    program.g.gGameType = 1;
+    QStringList clipped;
+    const int empty = shownWidth("hall-of-fame-empty.png", &clipped);
+    for (int i = 0; i < 10; ++i) {
+        program.hof.AddHallOfFameEntry(longest.toStdString(), -32768 + i, -32768, 0, 0);
+        program.hof.AddHallOfFameEntry(longest.toStdString(), -32768 + i, -32768, -32768, -32768);
+    }
+    const int full = shownWidth("hall-of-fame-full.png", &clipped);
     EXPECT_EQ(full, empty);
-    EXPECT_TRUE(fits) << "a name of twenty wide letters shows whole";
+    EXPECT_TRUE(clipped.empty()) << clipped.join(QStringLiteral(" | ")).toStdString();
 }
 
 TEST_F(DialogView, SetupFiltersTheRoundsAndStoresTheChoice) {

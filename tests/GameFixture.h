@@ -28,6 +28,7 @@ inline void PrintTo(const TableFocus::Place& place, std::ostream* out) {
 namespace petal::test {
 
 using ::testing::HasSubstr;
+using ::testing::Not;
 
 // A fresh folder under the system's temporary folder, removed afterwards.
 class TempDir {

@@ -37,8 +37,8 @@ void exec(const std::filesystem::path& file, const char* sql) {
     sqlite3_close(db);
 }
 
-// A file that the program made is the game's own, its rows in the designed order; a row that
-// no game wrote, or anything on a table that the game does not make, and it is not.
+// A file that the program made is the game's own, its rows in the designed order, a row that
+// no game wrote counted apart; with anything on a table that the game does not make, it is not.
 TEST(HallOfFameFuzz, TheSnapshotKnowsTheGamesOwnTables) {
     FileRig rig(fuzzScratch());
     const std::filesystem::path file = rig.file(HallOfFame::kFileName);
@@ -63,11 +63,12 @@ TEST(HallOfFameFuzz, TheSnapshotKnowsTheGamesOwnTables) {
     EXPECT_EQ(order, "Top Bea Amy Zed ") << "score down, date text down, name up";
     EXPECT_EQ(made.tables[1].rows[0].numbers, (std::array<long long, 6>{70, 4, 2, 3, 23, 1}));
 
-    exec(file, "INSERT INTO SingleStats VALUES ('Odd', '01/01/2020', 'abc', 0)");
+    exec(file, "INSERT INTO SingleStats VALUES ('Odd', '01/01/2020', 40000, 0)");
     HofSnapshot odd = HofSnapshot::read(file, schema);
-    EXPECT_FALSE(odd.tables[0].ours);
+    EXPECT_TRUE(odd.tables[0].ours);
     EXPECT_EQ(odd.tables[0].count, 5);
-    EXPECT_TRUE(odd.tables[1].ours);
+    EXPECT_EQ(odd.tables[0].rows.size(), 4u);
+    EXPECT_EQ(odd.tables[0].foreign, 1);
 
     exec(file, "CREATE TRIGGER Watch AFTER INSERT ON TournamentStats BEGIN SELECT 1; END");
     EXPECT_FALSE(HofSnapshot::read(file, schema).tables[1].ours);
@@ -100,7 +101,7 @@ TEST(HallOfFameFuzz, ThePagesCheckSeesWhatAPlayerShouldNotSee) {
     const Case cases[] = {
         {singlePage({{"A", "01/01/2020", "10"}, {"B", "01/01/2020", "20"}}), "row 2: a record above its place"},
         {singlePage({{"A", "01/01/2020", "abc"}}), "row 1: a value that is no whole number"},
-        {singlePage({{"A", "01/01/2020", "4294967301"}}), "row 1: a value that is no whole number"},
+        {singlePage({{"A", "01/01/2020", "40000"}}), "row 1: a value that is no whole number"},
         {singlePage({{"Twenty-one letters!!!", "01/01/2020", "1"}}), "row 1: a name of 21 characters"},
         {singlePage({{"A", "01/01/20201", "1"}}), "row 1: a date of 11 characters"},
         {singlePage({}), "0 rows of a table of 2, and no word of why"},
@@ -118,6 +119,10 @@ TEST(HallOfFameFuzz, ThePagesCheckSeesWhatAPlayerShouldNotSee) {
     EXPECT_NE(singlePage({{"A", "01/01/2020", "20"}, {"C", "01/01/2020", "10"}})
                   .check(0, 1, own, false)
                   .find("row 2: not the table's record"),
+              std::string::npos);
+    own.foreign = 1;
+    EXPECT_NE(singlePage({{"A", "01/01/2020", "20"}, {"B", "01/01/2020", "10"}}).check(0, 1, own, false).find(
+                  "1 rows that are no records left out without a word"),
               std::string::npos);
 }
 

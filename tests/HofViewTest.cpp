@@ -2,6 +2,7 @@
 // that follow the current game's type, and names that hold the text's separators.
 #include "GameFixture.h"
 #include "records/FrmHOF.h"
+#include "records/FrmHOFWinner.h"
 
 namespace petal::test {
 namespace {
@@ -76,6 +77,30 @@ TEST_F(HofView, NamesWithCommasAndColonsShowWholeInTheirRowsOnBothPages) {
         EXPECT_EQ(form.cells[6][row], "1");
     }
     EXPECT_EQ(form.cells[0][3], " ");
+}
+
+// The name was cut at 20 code points: an emoji with a skin tone lost its tone or half of
+// itself. It is cut at 20 characters as they are seen, and only well-formed UTF-8 is kept.
+TEST_F(HofView, TheNameBoxCountsCharactersAsTheyAreSeenAndKeepsWellFormedText) {
+    const std::string thumb = "\U0001F44D\U0001F3FD", accented = "e\u0301", emoji = "\U0001F600";
+    const auto times = [](const std::string& text, int n) {
+        std::string out;
+        for (int i = 0; i < n; ++i) out += text;
+        return out;
+    };
+    const std::pair<std::string, std::string> cases[] = {
+        {"a" + times(emoji, 10), "a" + times(emoji, 10)},
+        {"a" + times(thumb, 19), "a" + times(thumb, 19)},
+        {"a" + times(thumb, 20), "a" + times(thumb, 19)},
+        {times(accented, 21), times(accented, 20)},
+        {"ab\xF0\x9F", "ab\uFFFD"},
+        {"\xC0\xAFz", "\uFFFD\uFFFDz"},
+    };
+    for (const auto& [typed, kept] : cases) {
+        FrmHOFWinner winner(program->g, program->hof);
+        winner.setTxtHOFName(typed);
+        EXPECT_EQ(winner.txtHOFName(), kept) << typed;
+    }
 }
 
 TEST(HofDates, DateTextsAreWrittenMonthFirstAndOtherTextStands) {

@@ -89,5 +89,32 @@ TEST(QtHost, AnEndAfterAFailureLeavesTheEventLoopWithANonZeroStatus) {
     }
 }
 
+// A box with a long folder name covered both score panels and ran past the window: a path has
+// no blank to break at. Its lines are broken to the table's width, and the box stands over the
+// table, clear of the panels; before the table shows, it is broken to half the screen at most.
+TEST(QtHost, ABoxWithALongPathWrapsAndStandsWithinTheTable) {
+    QtHost host("/tmp");
+    QWidget window;
+    window.setGeometry(0, 0, 800, 600);
+    host.setMainWidget(&window);
+    host.tableArea = [&] { return QRect(window.mapToGlobal(QPoint(0, 0)), QSize(520, 600)); };
+    const std::string folder = "/home/" + std::string(60, 'a') + "/" + std::string(150, 'b');
+    for (const bool tableShows : {true, false}) {
+        window.setVisible(tableShows);
+        QRect shown;
+        QTimer::singleShot(50, [&] {
+            QWidget* box = QApplication::activeModalWidget();
+            ASSERT_NE(box, nullptr);
+            shown = box->frameGeometry();
+            box->close();
+        });
+        host.msgBox({"The settings file \"" + folder + "/GARDENIA.ini\" cannot be read: it is far too long for four "
+                     "numbers.\n\nRestore Defaults keeps it as \"GARDENIA.ini.bad\" beside it.",
+                     "Petalgarden", MsgIcon::Exclamation, MsgButtons::RestoreDefaultsClose});
+        EXPECT_TRUE(tableShows ? host.tableArea().contains(shown) : shown.width() <= 500)
+            << "the box at " << shown.x() << "," << shown.y() << " " << shown.width() << "x" << shown.height();
+    }
+}
+
 }  // namespace
 }  // namespace petal

@@ -52,19 +52,37 @@ TEST_F(Settings, AStoredNetworkModeIsReadButTheProgramStartsAlone) {
     EXPECT_TRUE(f->menu.mnuVScore.Enabled);  // a tournament: the score card can be opened
 }
 
-TEST_F(Settings, MissingNumbersReadAsZeroAndOddTokensAsZero) {
+// A file saved as UTF-16 used to be refused as holding more than four numbers, and a UTF-8
+// byte-order mark turned a tournament into a single game; lines that hold no number are marked.
+TEST_F(Settings, MissingNumbersReadAsZeroAndByteOrderMarksAreRead) {
     struct Case {
         std::string text;
         std::array<int, 4> values;
+        std::string noNumber;
+    };
+    const auto utf16 = [](bool little, const std::string& ascii) {
+        std::string bytes = little ? "\xFF\xFE" : "\xFE\xFF";
+        for (const char c : ascii) bytes += little ? std::string{c, '\0'} : std::string{'\0', c};
+        return bytes;
     };
     const Case cases[] = {
-        {"1\r\n", {1, 0, 0, 0}},
-        {"1,20\r\n", {1, 20, 0, 0}},
-        {"x\r\n99\r\n0\r\n2\r\n", {0, 99, 0, 2}},
-        {"0\n0\n-1\n0\n\n\n", {0, 0, -1, 0}},
-        {"0\r\n7abc\r\n5\r\n0", {0, 7, 5, 0}},
+        {"1\r\n", {1, 0, 0, 0}, "----"},
+        {"1,20\r\n", {1, 20, 0, 0}, "----"},
+        {"x\r\n99\r\n0\r\n2\r\n", {0, 99, 0, 2}, "x---"},
+        {"0\n0\n-1\n0\n\n\n", {0, 0, -1, 0}, "----"},
+        {"0\r\n7abc\r\n5\r\n0", {0, 7, 5, 0}, "----"},
+        {"1,,-\r\n", {1, 0, 0, 0}, "-xx-"},
+        {"\xEF\xBB\xBF" "1\r\n5\r\n-1\r\n0\r\n", {1, 5, -1, 0}, "----"},
+        {utf16(true, "1\r\n5\r\n-1\r\n0\r\n"), {1, 5, -1, 0}, "----"},
+        {utf16(false, "1\r\n12\r\n0\r\n0\r\n"), {1, 12, 0, 0}, "----"},
     };
-    for (const Case& c : cases) EXPECT_EQ(parseSettings(c.text, file()), c.values) << c.text;
+    for (const Case& c : cases) {
+        const SettingsText read = parseSettings(c.text, file());
+        std::string noNumber;
+        for (const bool no : read.noNumber) noNumber += no ? 'x' : '-';
+        EXPECT_EQ(read.values, c.values) << c.text;
+        EXPECT_EQ(noNumber, c.noNumber) << c.text;
+    }
 }
 
 TEST_F(Settings, WriteSettingsWritesAsGivenAndSetsTheCaptionByPlayMode) {
@@ -82,19 +100,42 @@ TEST_F(Settings, WriteSettingsWritesAsGivenAndSetsTheCaptionByPlayMode) {
     EXPECT_TRUE(program->g.gUseYaku);
 }
 
-TEST_F(Settings, BrokenFilesEndTheProgramWithAMessageNamingTheFile) {
-    const std::string cases[] = {"", "\r\n", "0\r\n10\r\n-1\r\n0\r\n5\r\n", "0\r\n99999\r\n"};
-    for (const std::string& bytes : cases) {
+// A file that cannot be read used to end the program after one OK, at every start, until it was
+// mended by hand. Close still ends it so; Restore Defaults keeps the file aside, never over an
+// earlier one, and the game goes on with the defaults.
+TEST_F(Settings, AFileThatCannotBeReadOffersRestoreDefaultsOrClose) {
+    // A file of NUL bytes used to read as 0/0/0 without a word.
+    const std::string cases[] = {"", "\r\n", "0\r\n10\r\n-1\r\n0\r\n5\r\n", "0\r\n99999\r\n",
+                                 std::string(5000, '1'), std::string(14, '\0')};
+    for (const MsgResult answer : {MsgResult::Close, MsgResult::RestoreDefaults}) {
         TempDir other;
-        program.reset();
-        host = std::make_unique<SimHost>(other.path());
-        std::ofstream(other.path() / "GARDENIA.ini", std::ios::binary) << bytes;
-        failure = {};
-        startGuarded();
-        EXPECT_TRUE(host->ending()) << bytes;
-        EXPECT_NE(host->exitStatus(), 0) << "an end after a failure";
-        EXPECT_THAT(failure.text, HasSubstr((other.path() / "GARDENIA.ini").string()));
-        EXPECT_EQ(failure.icon, MsgIcon::Exclamation);
+        const auto file = other.path() / "GARDENIA.ini";
+        for (std::size_t i = 0; i < std::size(cases); ++i) {
+            program.reset();
+            host = std::make_unique<SimHost>(other.path());
+            std::ofstream(file, std::ios::binary) << cases[i];
+            std::vector<MsgBox> told;
+            host->onMsgBox = [&](const MsgBox& box) {
+                told.push_back(box);
+                return answer;
+            };
+            runHandler(*host, [this] { start(); });
+            ASSERT_EQ(told.size(), 1u) << cases[i];
+            EXPECT_EQ(told[0].buttons, MsgButtons::RestoreDefaultsClose);
+            EXPECT_EQ(told[0].icon, MsgIcon::Exclamation);
+            EXPECT_THAT(told[0].text, HasSubstr("\"" + file.string() + "\" cannot be read: "));
+            EXPECT_EQ(host->ending(), answer == MsgResult::Close);
+            if (answer == MsgResult::Close) {
+                EXPECT_NE(host->exitStatus(), 0) << "an end after a failure";
+                EXPECT_EQ(fileText(file), cases[i]);
+                continue;
+            }
+            const std::string aside = "GARDENIA.ini.bad" + (i ? std::to_string(i + 1) : std::string());
+            EXPECT_THAT(told[0].text, HasSubstr("Restore Defaults keeps it as \"" + aside + "\""));
+            EXPECT_EQ(fileText(other.path() / aside), cases[i]);
+            EXPECT_EQ(fileText(file), "0\r\n10\r\n-1\r\n0\r\n");
+            EXPECT_EQ(program->g.gRounds, 10);
+        }
     }
 }
 
@@ -141,21 +182,27 @@ TEST_F(Settings, UnplayableValuesTakeTheirDefaultAndAreTold) {
     struct Case {
         std::string text;
         int gameType, rounds;
+        bool yaku;
         std::vector<std::string> told;
     };
     const Case cases[] = {
-        {"0\r\n0\r\n-1\r\n0\r\n", 0, 0, {}},
-        {"0\r\n99\r\n-1\r\n0\r\n", 0, 99, {}},
-        {"1\r\n1\r\n-1\r\n0\r\n", 1, 1, {}},
-        {"7\r\n5\r\n-1\r\n0\r\n", 0, 5, {"line 1, the game type, holds 7"}},
-        {"1\r\n0\r\n-1\r\n0\r\n", 1, 10, {"line 2, the rounds, holds 0"}},
-        {"1\r\n-4\r\n-1\r\n0\r\n", 1, 10, {"line 2, the rounds, holds -4"}},
-        {"-1\r\n-2\r\n0\r\n0\r\n", 0, 10, {"line 1, the game type, holds -1", "line 2, the rounds, holds -2"}},
+        {"0\r\n0\r\n-1\r\n0\r\n", 0, 0, true, {}},
+        {"0\r\n99\r\n-1\r\n0\r\n", 0, 99, true, {}},
+        {"1\r\n1\r\n-1\r\n0\r\n", 1, 1, true, {}},
+        {"\xEF\xBB\xBF" "1\r\n5\r\n0\r\n0\r\n", 1, 5, false, {}},
+        {"7\r\n5\r\n-1\r\n0\r\n", 0, 5, true, {"line 1, the game type, holds 7"}},
+        {"1\r\n0\r\n-1\r\n0\r\n", 1, 10, true, {"line 2, the rounds, holds 0"}},
+        {"1\r\n-4\r\n-1\r\n0\r\n", 1, 10, true, {"line 2, the rounds, holds -4"}},
+        {"-1\r\n-2\r\n0\r\n0\r\n", 0, 10, false, {"line 1, the game type, holds -1", "line 2, the rounds, holds -2"}},
+        // Lines that hold no number used to read as 0 without a word: a yaku flag of "x" as off.
+        {"?\r\n3\r\n-1\r\n0\r\n", 0, 3, true, {"line 1, the game type, holds no number: a single game (0)"}},
+        {"1\r\n8\r\nx\r\n0\r\n", 1, 8, true, {"line 3, the yaku flag, holds no number: yaku count (-1)"}},
     };
     for (const Case& c : cases) {
         restartWith(c.text);
         EXPECT_EQ(program->g.gGameType, c.gameType) << c.text;
         EXPECT_EQ(program->g.gRounds, c.rounds) << c.text;
+        EXPECT_EQ(program->g.gUseYaku, c.yaku) << c.text;
         ASSERT_EQ(host->shownBoxes().size(), c.told.empty() ? 0u : 1u) << c.text;
         for (const std::string& line : c.told) {
             EXPECT_THAT(host->shownBoxes()[0].text, HasSubstr(line));

@@ -57,7 +57,7 @@ void TablePainter::paintItem(const TableView::Item& item, QPointF origin) {
             else paintPlainBox(area);
             break;
         }
-        case TableView::Kind::Shape: paintShape(static_cast<const Shape&>(*item.control), area); break;
+        case TableView::Kind::Shape: paintShape(static_cast<const Shape&>(*item.control), area, item.target); break;
         case TableView::Kind::Label: paintLabel(static_cast<const Label&>(*item.control), area); break;
         case TableView::Kind::Button: paintButton(static_cast<const Button&>(*item.control), area); break;
     }
@@ -108,11 +108,38 @@ void TablePainter::paintPlainBox(const QRectF& area) {
     painter_.drawRoundedRect(area.adjusted(rim / 2, rim / 2, -rim / 2, -rim / 2), 4 * scale_.factor(), 4 * scale_.factor());
 }
 
-void TablePainter::paintShape(const Shape& shape, const QRectF& area) {
+// Colour is never the only sign: the opposite side's frames are dashed, a table card that can
+// be taken carries a notch at its top, and the chosen hand card's frame is doubled.
+void TablePainter::paintShape(const Shape& shape, const QRectF& area, TableView::Target frames) {
     const qreal w = scale_.line(shape.BorderWidth);
-    painter_.setPen(QPen(fromBgr(shape.BorderColor), w, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    const QColor colour = fromBgr(shape.BorderColor);
+    const Qt::PenStyle style = shape.BorderColor == oppositeFrame_ ? Qt::DashLine : Qt::SolidLine;
+    painter_.setPen(QPen(colour, w, style, Qt::SquareCap, Qt::MiterJoin));
     painter_.setBrush(Qt::NoBrush);
     painter_.drawRect(area.adjusted(w / 2, w / 2, -w / 2, -w / 2));
+    if (frames == TableView::Target::PCard) {
+        const qreal inner = w * 2.5;
+        painter_.setPen(QPen(colour, w / 2, style, Qt::SquareCap, Qt::MiterJoin));
+        painter_.drawRect(area.adjusted(inner, inner, -inner, -inner));
+    }
+    if (frames == TableView::Target::TCard) paintTakeSign(area, colour);
+}
+
+// A notch pointing down into the card from the middle of its top edge, outlined dark so that
+// it reads on any face.
+void TablePainter::paintTakeSign(const QRectF& area, const QColor& colour) {
+    const qreal half = 10 * scale_.factor(), depth = 12 * scale_.factor();
+    const QPointF top(area.center().x(), area.top());
+    QPainterPath notch;
+    notch.moveTo(top + QPointF(-half, 0));
+    notch.lineTo(top + QPointF(half, 0));
+    notch.lineTo(top + QPointF(0, depth));
+    notch.closeSubpath();
+    painter_.save();
+    painter_.setPen(QPen(QColor(20, 16, 10, 220), scale_.line(1.5), Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    painter_.setBrush(colour);
+    painter_.drawPath(notch);
+    painter_.restore();
 }
 
 void TablePainter::paintLabel(const Label& label, const QRectF& area) {

@@ -24,6 +24,9 @@ public:
     void paintBackground(PictureId picture, QSizeF viewSize);
     // Controls left out of paintItems: where a card in flight is yet to land.
     void setHidden(std::vector<const Control*> hidden) { hidden_ = std::move(hidden); }
+    // The colour of the opposite side's frames, which are dashed so that a player who cannot
+    // tell the two colours apart still sees whose they are.
+    void setOppositeFrame(std::uint32_t bgr) { oppositeFrame_ = bgr; }
     // Every visible item, back to front; the children of a panel clipped to it.
     void paintItems(const std::vector<TableView::Item>& list, QPointF origin);
     // A card in flight, above everything, with a soft shadow under it.
@@ -36,7 +39,8 @@ public:
 private:
     void paintItem(const TableView::Item& item, QPointF origin);
     void paintPicture(PictureId picture, const QRectF& area);
-    void paintShape(const Shape& shape, const QRectF& area);
+    void paintShape(const Shape& shape, const QRectF& area, TableView::Target frames);
+    void paintTakeSign(const QRectF& area, const QColor& colour);
     void paintLabel(const Label& label, const QRectF& area);
     void paintButton(const Button& button, const QRectF& area);
     void paintPlainBox(const QRectF& area);
@@ -46,6 +50,7 @@ private:
     const TableScale& scale_;
     bool interim_;
     std::vector<const Control*> hidden_;
+    std::uint32_t oppositeFrame_ = 0;
 };
 
 }  // namespace petal

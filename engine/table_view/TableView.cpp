@@ -1,5 +1,6 @@
 #include "engine/table_view/TableView.h"
 
+#include <QAccessible>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -10,6 +11,7 @@
 #include <optional>
 
 #include "assets/PictureStore.h"
+#include "engine/table_view/TableAccessible.h"
 #include "engine/table_view/TablePainter.h"
 #include "shell/FrmMain.h"
 #include "platform/qt/QtHost.h"
@@ -71,7 +73,9 @@ std::optional<TableKeys::Key> keyOf(const QKeyEvent& event, int& slot) {
 }  // namespace
 
 TableView::TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidget* parent)
-    : QWidget(parent), game_(game), host_(host), pictures_(pictures), keys_(game) {
+    : QWidget(parent), game_(game), host_(host), pictures_(pictures), keys_(game), narrator_(game) {
+    TableAccessible::install();
+    if (!game_.events) game_.events = &narrator_;
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus);
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -87,6 +91,11 @@ TableView::TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidge
         if (!motion_.moving(clock_())) frames_.stop();
         update();
     });
+    modelChanged();
+}
+
+TableView::~TableView() {
+    if (game_.events == &narrator_) game_.events = nullptr;
 }
 
 QSize TableView::sizeHint() const { return designSize().toSize(); }
@@ -120,11 +129,12 @@ std::vector<TableView::Item> TableView::items() const {
     for (const Image& banner : c.imgWinLose) add(form, banner, Kind::Image);
     add(form, c.imgTable, Kind::Image, Target::Table);
     for (std::size_t i = 0; i < c.imgTCard.size(); ++i) add(form, c.imgTCard[i], Kind::Image, Target::TCard, static_cast<int>(i));
-    for (const Shape& frame : c.shpTHilite) add(form, frame, Kind::Shape);
+    // A frame names the place it frames, for the sign drawn with it; frames take no clicks.
+    for (std::size_t i = 0; i < c.shpTHilite.size(); ++i) add(form, c.shpTHilite[i], Kind::Shape, Target::TCard, static_cast<int>(i));
     add(form, c.imgDeck, Kind::Image, Target::Deck);
     add(form, c.imgFlipCard, Kind::Image);
     add(form, c.shpFlipCard, Kind::Shape);
-    add(form, c.shpPHilite, Kind::Shape);
+    add(form, c.shpPHilite, Kind::Shape, Target::PCard);
     for (int side = 0; side < 2; ++side) {
         const ScorePanel& p = c.panel[side];
         Item box{&p.box, Kind::Box, side == 0 ? Target::Picture1 : Target::Picture2, side, {}};
@@ -159,6 +169,7 @@ void TableView::paintEvent(QPaintEvent*) {
     const TableScale scale(size(), designSize(), dpr);
     painter.fillRect(rect(), QColor(12, 40, 30));
     TablePainter table(painter, pictures_, scale, !settled());
+    table.setOppositeFrame(game_.m.mHiliteColor[1]);
     table.setHidden(motion_.covered(game_.ctl, now));
     table.paintBackground(game_.ctl.Picture, size());
     table.paintItems(items(), QPointF(0, 0));
@@ -227,8 +238,10 @@ void TableView::mouseReleaseEvent(QMouseEvent* event) {
     const bool clicked = item && item->target == pressed_ && item->index == pressedIndex_ && event->button() == Qt::LeftButton;
     pressed_ = Target::None;
     if (!clicked) return;
-    const Target target = item->target;
-    const int index = item->index;
+    clickPlace(item->target, item->index);
+}
+
+void TableView::clickPlace(Target target, int index) {
     host_.dispatch([this, target, index] {
         if (const auto place = placeOf(target, index)) keys_.click(*place);
         else if (target == Target::YakuClose) game_.yaku.cmdYakuClose_Click();

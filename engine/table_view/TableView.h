@@ -6,12 +6,15 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "engine/table_view/CardMotion.h"
 #include "engine/table_view/Controls.h"
 #include "engine/table_view/TableKeys.h"
+#include "engine/table_view/TableNarrator.h"
 #include "engine/table_view/TableScale.h"
+#include "engine/table_view/TableSpeech.h"
 
 namespace petal {
 
@@ -23,6 +26,7 @@ class TableView : public QWidget {
     Q_OBJECT
 public:
     TableView(FrmMain& game, QtHost& host, PictureStore& pictures, QWidget* parent = nullptr);
+    ~TableView() override;
 
     // The designed size is the default; half of it is the least.
     QSize sizeHint() const override;
@@ -61,7 +65,19 @@ public:
     // Frames are being drawn for cards in flight; none are while nothing moves.
     bool animating() const { return frames_.isActive(); }
 
+    // What a screen reader finds on the table as it last stood, the status line last; brought up
+    // to date, with the moves to announce and the focus of the keys, after each change.
+    const std::vector<SpokenThing>& spoken() const { return spoken_; }
+    void modelChanged();
+    // The spoken thing under the keys' mark while the view has the focus, or -1.
+    int focusedThing() const;
+    // A click on a spoken thing, run once the caller has returned, as a reader's action asks.
+    void click(const SpokenThing& thing);
+    // Where a control of the form stands on the screen.
+    QRect screenRect(const Control& control) const;
+
 protected:
+    void focusInEvent(QFocusEvent*) override;
     void paintEvent(QPaintEvent*) override;
     void resizeEvent(QResizeEvent*) override;
     void mousePressEvent(QMouseEvent*) override;
@@ -74,6 +90,10 @@ private:
     const Item* itemAt(QPointF viewPoint, const std::vector<Item>& all) const;
     void followModel(qint64 now);
     void mouseMoved(const Item* item);
+    void clickPlace(Target target, int index);
+    void tellAccessibility(const std::vector<SpokenThing>& before);
+    void tellFocus();
+    void announce(const std::string& sentence);
 
     FrmMain& game_;
     QtHost& host_;
@@ -87,6 +107,10 @@ private:
     int dealSerial_ = -1;
     Target pressed_ = Target::None;
     int pressedIndex_ = -1;
+    TableNarrator narrator_;
+    std::vector<SpokenThing> spoken_;
+    std::string said_;  // the status line: the last move told
+    std::optional<SpokenThing> focusTold_;  // the thing a reader was last told has the focus
 };
 
 }  // namespace petal

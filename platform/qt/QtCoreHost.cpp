@@ -93,7 +93,7 @@ const ProgramFolders& QtCoreHost::folders() {
     if (!folders_) {
         folders_ = folder_.empty() ? chooseProgramFolders(QCoreApplication::applicationDirPath().toStdString(),
                                                           FolderEnvironment::current())
-                                   : ProgramFolders{folder_, folder_};
+                                   : ProgramFolders{folder_, folder_, {}};
     }
     return *folders_;
 }

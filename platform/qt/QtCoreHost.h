@@ -44,6 +44,7 @@ public:
     std::string dateText() override;
     std::filesystem::path programFolder() override;
     std::filesystem::path helpFolder() override;
+    std::string filesMoved() override { return folders().moved; }
     std::unique_ptr<Socket> createSocket() override;
     std::vector<std::string> localAddresses() override;
     void endProgram() override { end(0); }

@@ -4,10 +4,12 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDialog>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTextBoundaryFinder>
 #include <QTimer>
 #include <algorithm>
 
@@ -20,19 +22,42 @@ namespace petal {
 
 namespace {
 
-// Breaks each line of a text at blanks into lines no wider than width; a longer word stands whole.
+// A word wider than width (a long path) in pieces that fit: after its last "/" within reach,
+// or else after as many whole characters as fit, and at least one.
+QStringList pieces(QString word, const QFontMetrics& metrics, int width) {
+    QStringList out;
+    while (metrics.horizontalAdvance(word) > width) {
+        QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme, word);
+        int fits = characters.toNextBoundary(), slash = 0;
+        for (int at = fits; at > 0 && metrics.horizontalAdvance(word.left(at)) <= width;
+             at = characters.toNextBoundary()) {
+            fits = at;
+            if (word.at(at - 1) == QLatin1Char('/')) slash = at;
+        }
+        const int cut = slash > 0 ? slash : fits;
+        out << word.left(cut);
+        word = word.mid(cut);
+    }
+    out << word;
+    return out;
+}
+
+// Breaks each line of a text into lines no wider than width: at blanks, and inside a word that
+// is wider on its own.
 QString wrapped(const QString& text, const QFontMetrics& metrics, int width) {
     QStringList lines;
     for (const QString& paragraph : text.split(QLatin1Char('\n'))) {
         QString line;
         for (const QString& word : paragraph.split(QLatin1Char(' '))) {
             const QString longer = line.isEmpty() ? word : line + QLatin1Char(' ') + word;
-            if (!line.isEmpty() && metrics.horizontalAdvance(longer) > width) {
-                lines << line;
-                line = word;
-            } else {
+            if (metrics.horizontalAdvance(longer) <= width) {
                 line = longer;
+                continue;
             }
+            if (!line.isEmpty()) lines << line;
+            QStringList parts = pieces(word, metrics, width);
+            line = parts.takeLast();
+            lines << parts;
         }
         lines << line;
     }
@@ -54,7 +79,7 @@ protected:
     void showEvent(QShowEvent* event) override {
         QMessageBox::showEvent(event);
         narrowTo(widest_);
-        if (const auto at = place_(size())) move(*at);
+        if (const auto at = place_(frameGeometry().size())) move(*at);
     }
     void keyPressEvent(QKeyEvent* event) override {
         if (question_ && event->matches(QKeySequence::Cancel)) return;
@@ -68,10 +93,13 @@ protected:
 private:
     // The box lays its text out up to half the screen wide; a text too wide for the table is
     // broken into shorter lines instead, and the box takes its size anew.
+    // The label's own margins are not in the text's width: a second pass takes up what is left.
+    // The window's frame, where the platform draws one, stands within the width too.
     void narrowTo(int width) {
         const auto* label = findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
-        if (width <= 0 || this->width() <= width || !label) return;
-        setText(wrapped(text(), label->fontMetrics(), label->width() - (this->width() - width)));
+        const int framed = frameGeometry().width() - this->width();
+        for (int pass = 0; pass < 3 && width > 0 && frameGeometry().width() > width && label; ++pass)
+            setText(wrapped(text(), label->fontMetrics(), label->width() - (this->width() + framed - width)));
     }
 
     bool question_;
@@ -91,8 +119,8 @@ void QtHost::modelChanged() {
 MsgResult QtHost::msgBox(const MsgBox& box) {
     if (ending()) return MsgResult::Cancel;
     if (onModelChanged) onModelChanged();
-    const int widest = tableArea && mainWidget_ && mainWidget_->isVisible() ? tableArea().width() : 0;
-    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, widest, [this](QSize size) { return overTable(size); });
+    GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, widestBox(),
+                   [this](QSize size) { return overTable(size); });
     dialog.setWindowTitle(QString::fromStdString(box.title));
     dialog.setText(QString::fromStdString(box.text));
     switch (box.icon) {
@@ -110,6 +138,10 @@ MsgResult QtHost::msgBox(const MsgBox& box) {
             dialog.setStandardButtons(QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel);
             break;
         case MsgButtons::RetryCancel: dialog.setStandardButtons(QMessageBox::Retry | QMessageBox::Cancel); break;
+        case MsgButtons::RestoreDefaultsClose:
+            dialog.setStandardButtons(QMessageBox::RestoreDefaults | QMessageBox::Close);
+            dialog.setDefaultButton(QMessageBox::RestoreDefaults);
+            break;
     }
     if (box.ofSession) sessionBoxes_.emplace_back(&dialog);
     const int answer = dialog.exec();
@@ -119,7 +151,9 @@ MsgResult QtHost::msgBox(const MsgBox& box) {
         case QMessageBox::Yes: return MsgResult::Yes;
         case QMessageBox::No: return MsgResult::No;
         case QMessageBox::Retry: return MsgResult::Retry;
-        default: return MsgResult::Cancel;
+        case QMessageBox::RestoreDefaults: return MsgResult::RestoreDefaults;
+        case QMessageBox::Close: return MsgResult::Close;
+        default: return box.buttons == MsgButtons::RestoreDefaultsClose ? MsgResult::Close : MsgResult::Cancel;
     }
 }
 
@@ -145,6 +179,14 @@ void QtHost::showModal(Form& form) {
 void QtHost::endSessionBoxes() {
     for (const QPointer<QMessageBox>& box : sessionBoxes_)
         if (box) box->done(QMessageBox::Cancel);
+}
+
+// Over the table a box is as wide as the table at most; before the table shows (the boxes of the
+// start), as wide as a box of a few lines reads well.
+int QtHost::widestBox() const {
+    if (tableArea && mainWidget_ && mainWidget_->isVisible()) return tableArea().width();
+    const QScreen* screen = QGuiApplication::primaryScreen();
+    return std::min(kWidestAlone, screen ? screen->availableGeometry().width() / 2 : kWidestAlone);
 }
 
 // Centred on the table; one wider than the table keeps its right edge there, so that the score

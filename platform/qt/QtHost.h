@@ -52,6 +52,8 @@ private:
     void end(int status);
     // Where a box or form of this size stands over the table; nothing while no table shows.
     std::optional<QPoint> overTable(QSize size) const;
+    int widestBox() const;
+    static constexpr int kWidestAlone = 500;
 
     std::map<std::string, DialogFactory> dialogs_;
     struct OpenDialog {
