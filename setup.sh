@@ -52,7 +52,8 @@ cmake -S . -B "$build" -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=O
 cmake --build "$build" -j "$(nproc)" -- --no-print-directory -s 2>&1 | { grep -v -E '^\[ *[0-9]+%\] Built target' || true; }
 
 # The core under AddressSanitizer and UndefinedBehaviorSanitizer: any report ends the run with
-# a failure (leaks included).
+# a failure (leaks included). The core's tests take in two copies of the program itself, built
+# so too (petalgarden-twin), playing each other over loopback.
 sanitized() {
     local asan=build-asan
     cmake -S . -B "$asan" -DPETAL_SANITIZE=ON -DCMAKE_BUILD_TYPE=RelWithDebInfo -DCMAKE_RULE_MESSAGES=OFF "${launcher[@]}" >/dev/null

@@ -3,6 +3,7 @@
 #include "TableInvariants.h"
 #include "cards/Val.h"
 #include "net/FrmConnectionStatus.h"
+#include "net/MessageFramer.h"
 #include "net/WireProtocol.h"
 #include "platform/sim/SimNetwork.h"
 #include "records/FrmHOFWinner.h"
@@ -46,7 +47,7 @@ NetRig::NetRig(const Options& options, const std::filesystem::path& scratch)
     host_.onForm = [this](Form& form) { onForm(form); };
     f().net.chatReceived = [this](const std::string& line) {
         // The framer cuts lines out of the stream; it never makes one up.
-        if (peer_.sent().find("CHAT," + line) == std::string::npos)
+        if (typedLine(peer_.sent()).find("CHAT," + line) == std::string::npos)
             fail("a chat line that the peer never sent: \"" + line.substr(0, 40) + "\"");
     };
     act([this] { program_->Main(); });
@@ -63,12 +64,13 @@ MsgResult NetRig::answer(const MsgBox& box) {
         return MsgResult::Yes;
     }
     if (title == "Connection Successful" || title == "Out of Step" || title == "Remote Connection Closed" ||
+        title == "Session Restarted" ||
         title == "Client Connection Closed" || title == "Rematch Declined" || title.rfind("Winsock Error ", 0) == 0 ||
         title.rfind("Connection Error ", 0) == 0)
         return MsgResult::OK;
     if (title == "Reconnect") return MsgResult::No;
     if (title == "Game In Progress" || title == "Cancel Connection" || title == "Close Connection" ||
-        title == "Reset Game")
+        title == "Reset Game" || title == "Opponent Connected")
         return MsgResult::Yes;
     fail("the program showed \"" + box.text + "\" (" + title + ")");
     return box.buttons == MsgButtons::YesNo ? MsgResult::No : MsgResult::OK;
