@@ -13,7 +13,6 @@ namespace petal {
 struct MainVars {
     bool mPeerReady = false;
     bool mLocalReady = false;
-    bool mSendComplete = false;
     bool mPeerScoreOpen = false;
     PictureId mCardBack = NoPicture;
     std::array<int, 48> mDeck{};          // card numbers (Index + 1) in shuffled order

@@ -17,6 +17,7 @@
 #include "SimPlay.h"
 #include "TableInvariants.h"
 #include "net/FrmConnectionStatus.h"
+#include "net/MessageFramer.h"
 #include "platform/Socket.h"
 #include "platform/sim/SimWorld.h"
 #include "shell/FrmSetup.h"
@@ -77,7 +78,7 @@ private:
         FrmMain& f = rig_->f();
         f.net.chatReceived = [this, &f](const std::string& line) {
             // The framer cuts lines out of the stream; it never makes one up.
-            if (sent_.find("CHAT," + line) == std::string::npos) rig_->fail("a chat line that the peer never sent");
+            if (typedLine(sent_).find("CHAT," + line) == std::string::npos) rig_->fail("a chat line that the peer never sent");
             f.chat.receive(line);
         };
         rig_->onForm = [this](Form& form) {

@@ -1,6 +1,9 @@
 #include "net/Connection.h"
 
+#include <vector>
+
 #include "net/FrmConnectionStatus.h"
+#include "net/JoinAddress.h"
 #include "platform/Host.h"
 #include "platform/Socket.h"
 #include "scoring/FrmScoreCard.h"
@@ -15,12 +18,15 @@ void Connection::StartConnection() {
     f_.net.reset();
     if (f_.g.gPlayMode == 1) {
         s.Close();
-        if (s.LocalPort == 0) s.LocalPort = kPort;
+        if (s.LocalPort == 0) s.LocalPort = port;
         s.Listen();
     } else if (f_.g.gPlayMode == 2) {
         s.Close();
-        if (s.RemoteHost != f_.g.gHostIP) s.RemoteHost = f_.g.gHostIP;
-        if (s.RemotePort == 0) s.RemotePort = kPort;
+        // Text that is no address goes whole, and the platform tells that no host answers to it.
+        const std::optional<JoinAddress> address = parseJoinAddress(f_.g.gHostIP);
+        const std::string host = address ? address->host : f_.g.gHostIP;
+        if (s.RemoteHost != host) s.RemoteHost = host;
+        s.RemotePort = address && address->port != 0 ? address->port : port;
     }
 }
 
@@ -53,13 +59,14 @@ void Connection::actOnState(int state) {
     Globals& g = f_.g;
     switch (state) {
         case Socket::sckListening:
-            showStatus(1, "Connection Status", "Waiting for your opponent to connect.");
+            showStatus(1, "Connection Status", "Waiting for your opponent to connect.", whereToJoin());
             break;
         case Socket::sckResolvingHost:
         case Socket::sckConnecting:
             if (!f_.connectionStatus) showStatus(2, "Connection Status", "Attempting connection to your opponent.");
             break;
         case Socket::sckConnected:
+            clearStaleTable();
             if (g.gPlayMode == 1) {
                 if (f_.connectionStatus) f_.connectionStatus->Unload();
                 f_.net.send("SEUP," + std::to_string(g.gGameType) + "," + std::to_string(g.gRounds) + "," +
@@ -86,6 +93,8 @@ void Connection::actOnState(int state) {
 
 // The client's host has gone: tested even while the session stands.
 void Connection::hostLost() {
+    endSessionPrompts();
+    f_.net.tellHeldRefusal();
     f_.host.msgBox({"Your host has just terminated the network connection.", "Remote Connection Closed",
                     MsgIcon::Exclamation, MsgButtons::OK});
     f_.m.mRoundNo = f_.g.gRounds + 1;
@@ -94,7 +103,9 @@ void Connection::hostLost() {
 
 void Connection::lossProcedure() {
     Socket& s = *f_.tcpMultiPlayer;
+    endSessionPrompts();
     if (f_.g.gConnectState == Socket::sckClosing) {
+        f_.net.tellHeldRefusal();
         f_.host.msgBox({"Your opponent has just terminated the network connection.", "Remote Connection Closed",
                         MsgIcon::Exclamation, MsgButtons::OK});
         unloadScoreCard();
@@ -124,8 +135,17 @@ void Connection::lossProcedure() {
     }
 }
 
+// The failure is told from a call of its own, not inside the socket's event (see DataArrival).
+// Its state is taken as acted upon at once, so that the poll does not tell the failure first,
+// in words of its own, before the reason comes.
 void Connection::tcpMultiPlayer_Error(int Number, const std::string& Description) {
+    f_.g.gConnectState = f_.tcpMultiPlayer->State();
+    f_.host.post([this, Number, Description] { socketFailed(Number, Description); });
+}
+
+void Connection::socketFailed(int Number, const std::string& Description) {
     Socket& s = *f_.tcpMultiPlayer;
+    endSessionPrompts();
     f_.host.msgBox({Description, "Winsock Error " + std::to_string(Number), MsgIcon::Exclamation, MsgButtons::OK});
     s.Close();
     f_.net.reset();
@@ -145,18 +165,53 @@ void Connection::tcpMultiPlayer_Error(int Number, const std::string& Description
     f_.tmrWinsockState.setEnabled(false);
 }
 
-void Connection::showStatus(long connectMode, const std::string& caption, const std::string& message) {
+void Connection::showStatus(long connectMode, const std::string& caption, const std::string& message,
+                            const std::string& detail) {
     FrmConnectionStatus status(f_);
     status.shownByPoll = f_.tmrWinsockState.ticking();
     status.ConnectMode = connectMode;
     status.StatusCaption = caption;
     status.StatusMessage = message;
+    status.StatusDetail = detail;
     f_.host.showModal(status);
+}
+
+// The host's addresses and port, for a player who tells the opponent where to join.
+std::string Connection::whereToJoin() const {
+    const std::vector<std::string> addresses = f_.host.localAddresses();
+    const std::string port = std::to_string(f_.tcpMultiPlayer->LocalPort);
+    if (addresses.empty()) return "This computer is on no network: only a game on this computer can join, at port " + port + ".";
+    std::string list;
+    for (std::size_t i = 0; i < addresses.size(); ++i)
+        list += (i == 0 ? "" : i + 1 == addresses.size() ? " or " : ", ") + addresses[i];
+    return "Your opponent can join at " + list + ", port " + port + ".";
+}
+
+bool Connection::waitForPeer(const std::string& caption, const std::string& message) {
+    FrmConnectionStatus status(f_);
+    status.waitsForPeer = true;
+    status.ConnectMode = f_.g.gPlayMode;
+    status.StatusCaption = caption;
+    status.StatusMessage = message;
+    f_.host.showModal(status);
+    return !status.endedWithSession;
+}
+
+void Connection::endSessionPrompts() {
+    f_.host.endSessionBoxes();
+    std::vector<FrmConnectionStatus*> waits;
+    for (FrmConnectionStatus* wait = f_.connectionStatus; wait; wait = wait->covered())
+        if (wait->waitsForPeer && wait->loaded()) waits.push_back(wait);
+    for (FrmConnectionStatus* wait : waits) {
+        wait->endedWithSession = true;
+        wait->Unload();
+    }
 }
 
 void Connection::fallBack(bool clearTable) {
     Socket& s = *f_.tcpMultiPlayer;
     MainVars& m = f_.m;
+    endSessionPrompts();
     s.Close();
     s.LocalPort = 0;
     f_.net.reset();
@@ -170,6 +225,12 @@ void Connection::fallBack(bool clearTable) {
     unloadScoreCard();
     m.mRoundNo = f_.g.gRounds + 1;
     f_.dealer.NewGame(true);
+}
+
+// Setup's "Reset Game" answered No, or a reconnect after a failure, leaves the last deal on
+// the table while the connection is made anew.
+void Connection::clearStaleTable() {
+    if (f_.g.gGameInProgress != 0 && !f_.net.dealtInSession()) f_.dealer.NewGame(true);
 }
 
 void Connection::unloadScoreCard() {

@@ -21,7 +21,7 @@ constexpr int kSyncMs = 100;
 
 ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost& host, PictureStore& pictures,
                                                QWidget* parent)
-    : FormDialog(form, host, parent), form_(form), message_(new QLabel(this)) {
+    : FormDialog(form, host, parent), form_(form), message_(new QLabel(this)), detail_(new QLabel(this)) {
     setWindowTitle(QString::fromStdString(form.Caption));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(18, 14, 18, 12);
@@ -30,6 +30,11 @@ ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost
     message_->setAlignment(Qt::AlignCenter);
     message_->setWordWrap(true);
     layout->addWidget(message_);
+    // The host's addresses, for the player to read out or copy to the opponent.
+    detail_->setAlignment(Qt::AlignCenter);
+    detail_->setWordWrap(true);
+    detail_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    layout->addWidget(detail_);
     auto* row = new QHBoxLayout;
     row->setSpacing(10);
     row->addStretch();
@@ -62,6 +67,8 @@ void ConnectionStatusDialog::sync() {
     if (!form_.loaded()) return;
     setWindowTitle(QString::fromStdString(form_.Caption));
     message_->setText(QString::fromStdString(form_.Label1));
+    detail_->setText(QString::fromStdString(form_.Label2));
+    detail_->setVisible(!form_.Label2.empty());
     for (int i = 0; i < 3; ++i) cards_[i]->setVisible(form_.imgCardVisible[i]);
 }
 

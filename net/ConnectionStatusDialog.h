@@ -24,6 +24,7 @@ protected:
 private:
     FrmConnectionStatus& form_;
     QLabel* message_;
+    QLabel* detail_;
     std::array<QLabel*, 3> cards_{};
 };
 

@@ -30,6 +30,7 @@ void FrmConnectionStatus::Form_Load() {
     Timer1.setEnabled(f_.tmrWinsockState.Enabled());
     Caption = StatusCaption;
     Label1 = StatusMessage;
+    Label2 = StatusDetail;
 }
 
 void FrmConnectionStatus::Timer1_Timer() {
@@ -68,6 +69,7 @@ bool FrmConnectionStatus::Form_QueryUnload(bool byUser) {
     f_.tcpMultiPlayer->Close();
     f_.tcpMultiPlayer->LocalPort = 0;
     f_.net.reset();
+    f_.host.endSessionBoxes();
     f_.menu.mnuVChat.Enabled = false;
     f_.settings.WriteSettings(f_.g.gGameType, f_.g.gRounds, f_.connection.yakuFlag(), 0);
     f_.tmrWinsockState.setEnabled(false);

@@ -20,12 +20,19 @@ public:
     long ConnectMode = 1;  // 1 the host's wait, 2 the client's: the wording of the cancel question
     std::string StatusCaption;
     std::string StatusMessage;
+    std::string StatusDetail;
     bool CancelPressed = false;
     int AnimStep = 0;
     // Shown from the poll of the socket, which cannot tick while this form stands.
     bool shownByPoll = false;
+    // A wait of the session for the peer's answer, which ends with the session.
+    bool waitsForPeer = false;
+    bool endedWithSession = false;
+    // The wait that this one stands over, if any.
+    FrmConnectionStatus* covered() const { return covered_; }
 
     std::string Label1;
+    std::string Label2;  // under the message: where the opponent can reach this computer
     std::array<bool, 3> imgCardVisible{};  // imgCard(0..2).Visible
     Timer Timer1;
 

@@ -17,8 +17,9 @@ struct Outcome {
 constexpr std::array<std::string_view, 8> kTags = {"SEUP", "DEAL", "CARD", "QUIT", "SCOP", "SCCL", "NEWG", "CHAT"};
 constexpr std::size_t kMaxSeed = 64;
 constexpr std::size_t kMaxDigits = 5;  // 16-bit values
-// The longest message but a chat line (a deal with its longest seed), and the tag after it.
-constexpr std::size_t kLongestMessage = 5 + kMaxSeed + 2 + 4;
+constexpr std::size_t kTagLength = 4;
+// Put after the first letter of a tag word in a chat line, and doubled where the line holds it.
+constexpr char kEscape = '\x10';
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
@@ -82,28 +83,14 @@ Outcome deal(std::string_view data, std::size_t at) {
     return flagAt(data, at, end);
 }
 
-Outcome message(std::string_view data, std::size_t at, std::string_view tag, bool settled, std::size_t from = 0);
-
-// Whether a message that has fields begins at `at` and is followed by the end of the bytes or
-// by another tag: the place where a chat line that was sent with others behind it ends. Bare
-// words (QUIT, SCOP, SCCL) never end a chat line, since a line may well hold them.
-bool messageBegins(std::string_view data, std::size_t at, bool settled) {
-    std::string_view tag;
-    if (tagAt(data, at, tag) != Parse::Complete || tag == "QUIT" || tag == "SCOP" || tag == "SCCL") return false;
-    if (tag == "CHAT") return comma(data, at + 4) == Parse::Complete;
-    const Outcome next = message(data, at, tag, settled);
-    if (next.parse != Parse::Complete) return false;
-    const std::size_t after = at + next.length;
-    std::string_view following;
-    return after == data.size() || tagAt(data, after, following) != Parse::Malformed;
-}
-
-// A chat line runs to the next message, or to the end of the bytes. Places before `from` are
-// known to start no message.
+// A chat line runs to the next tag word, or to the end of the bytes: the sender escapes every
+// tag word inside a line (chatText), so the first one begins the next message. Places before
+// `from` are known to hold none.
 Outcome chat(std::string_view data, std::size_t at, bool settled, std::size_t from) {
     if (const Parse c = comma(data, at + 4); c != Parse::Complete) return {c};
-    for (std::size_t i = std::max(at + 6, from); i < data.size(); ++i)
-        if (messageBegins(data, i, settled)) return {Parse::Complete, i - at};
+    std::string_view tag;
+    for (std::size_t i = std::max(at + 5, from); i < data.size(); ++i)
+        if (tagAt(data, i, tag) == Parse::Complete) return {Parse::Complete, i - at};
     return settled ? Outcome{Parse::Complete, data.size() - at} : Outcome{Parse::NeedMore};
 }
 
@@ -127,13 +114,21 @@ std::string quote(std::string_view bytes) {
 
 std::string chatText(std::string_view line) {
     std::string out;
+    out.reserve(line.size());
+    std::string_view tag;
     for (std::size_t i = 0; i < line.size(); ++i) {
         out += line[i];
-        const std::string_view rest = line.substr(i + 1);
-        for (std::string_view tag : kTags)
-            if (i + 1 >= tag.size() && line.substr(i + 1 - tag.size(), tag.size()) == tag && !rest.empty() &&
-                rest.front() == ',')
-                out += ' ';
+        if (line[i] == kEscape || tagAt(line, i, tag) == Parse::Complete) out += kEscape;
+    }
+    return out;
+}
+
+std::string typedLine(std::string_view text) {
+    std::string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == kEscape && ++i == text.size()) break;
+        out += text[i];
     }
     return out;
 }
@@ -162,9 +157,9 @@ MessageFramer::Result MessageFramer::take(bool settled, std::vector<WireMessage>
             problem_ = "the bytes " + quote(data.substr(at)) + " are no message of the game";
             return Result::Malformed;
         }
-        // A chat line held from earlier reads is not searched again where the next message cannot
-        // begin; only its tail, where a message may have come whole since, is looked at anew.
-        const std::size_t from = at == 0 && scanned_ > kLongestMessage ? scanned_ - kLongestMessage : 0;
+        // A chat line held from earlier reads is not searched again where no tag word can begin;
+        // only its tail, where one may have been cut short, is looked at anew.
+        const std::size_t from = at == 0 && scanned_ >= kTagLength ? scanned_ - (kTagLength - 1) : 0;
         const Outcome next = message(data, at, tag, settled, from);
         if (next.parse == Parse::NeedMore) {
             scanned_ = data.size() - at;

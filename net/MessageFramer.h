@@ -1,8 +1,9 @@
 #pragma once
 // Cuts the connection's byte stream into the protocol's messages. Messages have no terminator,
-// so the grammar finds their ends: eight tags, each with a fixed shape of fields. A message
-// whose last field could still grow (a number, a chat line) and that ends where the bytes end
-// is held until the next bytes show where it ends, or until no more have come for a while.
+// so the grammar finds their ends: eight tags, each with a fixed shape of fields; a chat line
+// ends where the next tag word begins. A message whose last field could still grow (a number, a
+// chat line) and that ends where the bytes end is held until the next bytes show where it ends,
+// or until no more have come for a while.
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -37,9 +38,12 @@ private:
     std::string problem_;
 };
 
-// A chat line as it goes on the wire. A line has no end of its own, so a tag word followed by
-// a comma inside it ("CARD,0,-1") would read as a message that follows it: such a word goes
-// with a space before its comma, and the line arrives as one.
+// A chat line as it goes on the wire. A line has no end of its own, so a tag word inside it
+// ("gg" before a SCOP, or a typed "CARD,0,-1") would read as a message: every tag word goes with
+// an escape byte after its first letter, and the escape byte itself goes doubled. A line that
+// holds neither goes as typed.
 std::string chatText(std::string_view line);
+// The line as it was typed, from its text on the wire.
+std::string typedLine(std::string_view text);
 
 }  // namespace petal

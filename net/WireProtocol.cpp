@@ -1,5 +1,6 @@
 #include "net/WireProtocol.h"
 
+#include <algorithm>
 #include <climits>
 
 #include "cards/Val.h"
@@ -29,32 +30,49 @@ WireProtocol::WireProtocol(FrmMain& f) : f_(f), tmrSettle(f.host, [this] { tmrSe
 
 void WireProtocol::send(const std::string& message) {
     if (f_.tcpMultiPlayer->State() != Socket::sckConnected) return;  // the poll tells of the loss
+    ++sendsMade_;
     f_.tcpMultiPlayer->SendData(message);
     CompleteSend();
 }
 
-// Sleeps until the socket says the bytes have left, the connection has gone, or the limit.
+// Sleeps until the socket says the bytes have left, the connection has gone, or the limit. A
+// send made while another waits (from a handler that the wait let run) may leave with it, and
+// the socket tells once for both: each wait looks for its own send among those that have left.
 void WireProtocol::CompleteSend() {
+    const std::uint64_t mine = sendsMade_;
     bool timedOut = false;
     Timer limit(f_.host, [&timedOut] { timedOut = true; }, kSendLimitMs);
     limit.setEnabled(true);
     f_.host.waitUntil([&] {
-        return f_.m.mSendComplete || timedOut || f_.tcpMultiPlayer->State() != Socket::sckConnected;
+        return sendsLeft_ >= mine || timedOut || f_.tcpMultiPlayer->State() != Socket::sckConnected;
     });
-    if (f_.m.mSendComplete) {
-        f_.m.mSendComplete = false;
-        return;
-    }
+    if (sendsLeft_ >= mine) return;
     if (timedOut && !f_.host.ending()) throw FatalError("Time Out", "The connected computer took too long to respond.");
 }
 
-void WireProtocol::tcpMultiPlayer_SendComplete() { f_.m.mSendComplete = true; }
+// Every send made so far has left.
+void WireProtocol::tcpMultiPlayer_SendComplete() { sendsLeft_ = sendsMade_; }
 
+// The bytes are taken at once and read from a call of their own. A handler run inside the
+// socket's event that waited (a box, a deal) could see the connection closed and freed under the
+// event that is still being delivered, and return into it.
 void WireProtocol::tcpMultiPlayer_DataArrival(long) {
+    if (f_.g.gPlayMode <= 0) return;
+    received_ += f_.tcpMultiPlayer->GetData();
+    if (receivePosted_) return;
+    receivePosted_ = true;
+    f_.host.post([this] { receive(); });
+}
+
+void WireProtocol::receive() {
+    receivePosted_ = false;
+    std::string bytes = std::move(received_);
+    received_.clear();
+    if (f_.g.gPlayMode <= 0 || bytes.empty()) return;
     MainVars& m = f_.m;
     const bool wasReceiving = m.mReceiving;
     m.mReceiving = true;
-    if (f_.g.gPlayMode > 0) framed(framer_.feed(f_.tcpMultiPlayer->GetData(), incoming_));
+    framed(framer_.feed(bytes, incoming_));
     m.mReceiving = wasReceiving;
 }
 
@@ -93,7 +111,7 @@ void WireProtocol::dispatchAll() {
         bool& flag;
         ~Reset() { flag = false; }
     } reset{dispatching_};
-    while (!arrived_.empty() && f_.g.gPlayMode > 0 && !f_.host.ending()) {
+    while (!arrived_.empty() && f_.g.gPlayMode > 0 && !f_.host.ending() && !leaving_) {
         const WireMessage message = std::move(arrived_.front());
         arrived_.pop_front();
         f_.recvBuffer() = message.text;
@@ -111,11 +129,16 @@ void WireProtocol::dispatch(const WireMessage& message) {
     } else if (tag == "QUIT") {
         moves_.clear();
         f_.dealer.NewGame(true);
+        // Told once the messages behind it have been dispatched: the host may deal at once.
+        if (!host) f_.host.post([this] { tellRestart(); });
     } else if (tag == "SCOP") {
         m.mPeerScoreOpen = true;
         if (host) m.mPeerReady = false;
     } else if (tag == "SCCL") {
-        if (host) m.mPeerReady = true;
+        if (host) {
+            m.mPeerReady = true;
+            if (f_.connectionStatus && f_.connectionStatus->waitsForPeer) f_.connectionStatus->Unload();
+        }
     } else if (tag == "NEWG") {
         const int answer = message.field(1) == "1" ? 1 : 0;
         if (rematchAsked_) receiveNewg(answer);
@@ -125,7 +148,7 @@ void WireProtocol::dispatch(const WireMessage& message) {
     } else if (tag == "CARD") {
         receiveMove(message);
     } else if (tag == "CHAT") {
-        if (chatReceived) chatReceived(message.text.substr(5));
+        if (chatReceived) chatReceived(typedLine(std::string_view(message.text).substr(5)));
     }
 }
 
@@ -157,18 +180,38 @@ void WireProtocol::receiveNewg(int answer) {
         return;  // a refusal goes unreported while the question stands
     }
     if (f_.connectionStatus) f_.connectionStatus->Unload();
-    if (answer == 1)
-        f_.host.msgBox({"Your opponent declined a rematch.", "Rematch Declined", MsgIcon::Information, MsgButtons::OK,
-                        g.gPlayMode == 1});
+    if (answer == 1) tellRefusal();
+}
+
+void WireProtocol::tellRestart() {
+    if (f_.g.gPlayMode != 2) return;
+    f_.host.msgBox({"Your host has restarted the session: the game in progress has ended, and your host deals the "
+                    "next one.",
+                    "Session Restarted", MsgIcon::Information, MsgButtons::OK});
+}
+
+void WireProtocol::tellRefusal() {
+    f_.host.msgBox({"Your opponent declined a rematch.", "Rematch Declined", MsgIcon::Information, MsgButtons::OK,
+                    f_.g.gPlayMode == 1});
+}
+
+// A refusal that came before this side asked was the answer to nothing it had asked yet: it is
+// told as it would have been on arrival, before the question or the end of the session.
+void WireProtocol::tellHeldRefusal() {
+    const auto refusal = std::find(heldAnswers_.begin(), heldAnswers_.end(), 1);
+    if (refusal == heldAnswers_.end()) return;
+    heldAnswers_.erase(refusal);
+    tellRefusal();
 }
 
 void WireProtocol::receiveSetup(const WireMessage& message) {
     // The options come once, before the session's first deal: taken later they would score a
     // game, or the deal still on the table, by rules other than those it was played by.
-    if (dealtInSession_ || f_.g.gGameInProgress != 0) {
+    if (dealtInSession_) {
         outOfStep("the host's options \"" + message.text + "\" came after the game had begun");
         return;
     }
+    f_.connection.clearStaleTable();
     // Rounds size the tournament's score table even in a single game: never below 0, and at
     // least one in a tournament.
     int gameType = 0, rounds = 0, yaku = 0;
@@ -203,12 +246,15 @@ void WireProtocol::dealStarted() {
 
 void WireProtocol::rematchAsked() {
     rematchAsked_ = true;
+    tellHeldRefusal();
     const std::vector<int> held = std::move(heldAnswers_);
     heldAnswers_.clear();
     for (int answer : held) receiveNewg(answer);
 }
 
 void WireProtocol::reset() {
+    leaving_ = false;
+    received_.clear();
     framer_.clear();
     arrived_.clear();
     moves_.clear();

@@ -2,6 +2,7 @@
 // What crosses the wire, both ways: sending with CompleteSend, and the receive path that cuts
 // the bytes into messages and dispatches each once, whole and in order. The remote player's
 // moves (CARD) wait in order for the turn driver; everything else acts on arrival.
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <string>
@@ -45,12 +46,21 @@ public:
     void dealFrom(const std::string& seed, int turn);
     // A deal starts: answers and moves held for the last one are void.
     void dealStarted();
-    // This side has asked "Do you want to play again?": an answer that came early is taken now.
+    // A deal of this connection has been dealt.
+    bool dealtInSession() const { return dealtInSession_; }
+    // This side is about to ask "Do you want to play again?": an answer that came early is
+    // taken now.
     void rematchAsked();
+    // Tells a refusal of the peer that came before this side asked, if one is held: the session
+    // ends before it can be asked.
+    void tellHeldRefusal();
 
     // A message that the game cannot take: the player is told, the connection is closed and
     // the game falls back to single play.
     void outOfStep(std::string what);
+    // This side has said No to another game and is about to end: what comes meanwhile (the
+    // host's next deal, say) is no longer taken.
+    void leave() { leaving_ = true; }
     // A new connection, or none: what waits from the last one is dropped.
     void reset();
 
@@ -58,16 +68,22 @@ public:
     std::function<void(const std::string& line)> chatReceived;
 
 private:
+    void receive();
     void framed(MessageFramer::Result result);
     void dispatchAll();
     void dispatch(const WireMessage& message);
     void receiveDeal(const WireMessage& message);
     void receiveNewg(int answer);
+    void tellRefusal();
+    void tellRestart();
     void receiveSetup(const WireMessage& message);
     void receiveMove(const WireMessage& message);
     void tmrSettle_Timer();
 
     FrmMain& f_;
+    std::uint64_t sendsMade_ = 0, sendsLeft_ = 0;
+    std::string received_;  // taken from the socket, not yet read
+    bool receivePosted_ = false;
     MessageFramer framer_;
     std::vector<WireMessage> incoming_;  // framed from the last bytes; emptied before any dispatch
     std::deque<WireMessage> arrived_;  // framed, not yet dispatched
@@ -77,6 +93,7 @@ private:
     bool dealtInSession_ = false;  // the host's options are no longer taken
     bool dealFromWire_ = false;
     bool dispatching_ = false;
+    bool leaving_ = false;
     Timer tmrSettle;
 };
 

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace petal {
 
@@ -24,6 +25,8 @@ struct MsgBox {
     MsgIcon icon = MsgIcon::None;
     MsgButtons buttons = MsgButtons::OK;
     bool systemModal = false;
+    // A question of a network session: it closes, answered Cancel, when the session ends.
+    bool ofSession = false;
 };
 
 class Host {
@@ -47,6 +50,8 @@ public:
     virtual void post(std::function<void()> call) = 0;
 
     virtual MsgResult msgBox(const MsgBox& box) = 0;
+    // The network session has ended: the boxes of it that stand close, each answered Cancel.
+    virtual void endSessionBoxes() = 0;
     // Shows a form modally; returns once the form has unloaded.
     virtual void showModal(Form& form) = 0;
     // The model changed outside an input handler: draw it now.
@@ -77,6 +82,9 @@ public:
 
     // A TCP socket of this program; its events run as handlers on this host.
     virtual std::unique_ptr<Socket> createSocket() = 0;
+    // The addresses at which another machine may reach this one: IPv4 and IPv6, without the
+    // loopback and the IPv6 link-local addresses, which name nothing beyond a cable.
+    virtual std::vector<std::string> localAddresses() = 0;
 
     // Ends the program in good order: pending waits return, no further events are delivered.
     virtual void endProgram() = 0;

@@ -10,6 +10,8 @@
 #include "scoring/FrmScoreCard.h"
 #include "shell/FrmMain.h"
 #include "platform/Host.h"
+#include "platform/Socket.h"
+#include "platform/Timer.h"
 
 namespace petal {
 
@@ -61,9 +63,10 @@ void MatchEnd::sweepClaim() {
     f_.yaku.CountYakus();
 }
 
-bool MatchEnd::askPlayAgain() {
-    return f_.host.msgBox({"Do you want to play again?", "Play Again?", MsgIcon::Question, MsgButtons::YesNo}) ==
-           MsgResult::Yes;
+// Cancel: the question belonged to a network session that has ended while it stood.
+MsgResult MatchEnd::askPlayAgain() {
+    return f_.host.msgBox({"Do you want to play again?", "Play Again?", MsgIcon::Question, MsgButtons::YesNo, false,
+                           f_.g.gPlayMode != 0});
 }
 
 // A bounded number of passes that lets a peer's answer arrive.
@@ -92,9 +95,11 @@ void MatchEnd::endSingleGame() {
     playRoundSound(scoreOf(0), scoreOf(1));
     CheckWinLose();
     f_.journal.offersDone();
-    if (g.gPlayMode != 0) askingRematch();
     const int dealt = f_.m.dealSerial;
-    const bool again = askPlayAgain();
+    if (g.gPlayMode != 0 && !askingRematch(dealt)) return;
+    const MsgResult answer = askPlayAgain();
+    if (answer == MsgResult::Cancel) return;
+    const bool again = answer == MsgResult::Yes;
     if (g.gPlayMode != 0) pumpAfterQuestion();
     // A deal that came while the question stood or the events ran (from the wire, or the deck)
     // has its own leader already.
@@ -110,34 +115,40 @@ void MatchEnd::endSingleGame() {
         return;
     }
     if (f_.socketState() == 8) return;
-    answerRematch();
     // A deal that came from the wire while this side waited stands, and a game abandoned
     // meanwhile deals nothing.
-    if (f_.m.dealSerial != dealt) return;
+    if (!answerRematch() || f_.m.dealSerial != dealt) return;
     f_.dealer.NewGame(false);
     // In a rematch only the host deals, so that both sides play one deck; the client waits
     // for its DEAL.
     if (g.gPlayMode != 2) f_.dealer.DealCards();
 }
 
-// The answer may already have come while this side was still finishing the deal.
-void MatchEnd::askingRematch() {
+// The answer may already have come while this side was still finishing the deal. False when
+// the session ended meanwhile (a refusal told, then the loss of the peer): nothing is asked.
+bool MatchEnd::askingRematch(int dealt) {
     f_.g.gRematchPending = true;
     f_.net.rematchAsked();
+    return f_.m.dealSerial == dealt;
 }
 
 // No: the peer is told, and the program closes.
 void MatchEnd::declineRematch() {
-    if (f_.g.gPlayMode != 0) f_.sendToPeer("NEWG,1");
+    if (f_.g.gPlayMode != 0) {
+        f_.net.leave();
+        f_.sendToPeer("NEWG,1");
+    }
     f_.Unload();
 }
 
 // Yes to a rematch on a network: a peer that has not said yes yet is asked and waited for.
-void MatchEnd::answerRematch() {
+// False when the session ended while this side waited.
+bool MatchEnd::answerRematch() {
+    // The peer's own yes may come while this one is sent: it counts as one that came before.
+    f_.sendToPeer("NEWG,0");
     const bool peerUndecided = f_.g.gRematchPending;
     f_.g.gRematchPending = false;
-    f_.sendToPeer("NEWG,0");
-    if (peerUndecided) f_.waitForPeer("Please Wait...", "Asking your opponent for another game.");
+    return !peerUndecided || f_.waitForPeer("Please Wait...", "Asking your opponent for another game.");
 }
 
 void MatchEnd::endTournamentRound() {
@@ -152,11 +163,14 @@ void MatchEnd::endTournamentRound() {
     CheckWinLose();
     f_.journal.offersDone();
     f_.setMousePointer(FrmMain::kPointerHourglass);
-    if (g.gPlayMode != 0) askingRematch();
+    const int dealt = f_.m.dealSerial;
+    if (g.gPlayMode != 0 && !askingRematch(dealt)) {
+        f_.setMousePointer(FrmMain::kPointerDefault);
+        return;
+    }
     // The host deals the next round once the client's card of this round has opened and closed.
     if (g.gPlayMode == 1) m.mPeerReady = false;
     EndComment();
-    const int dealt = f_.m.dealSerial;
     showScoreCard();
     f_.setMousePointer(FrmMain::kPointerDefault);
     if (f_.host.ending()) return;
@@ -173,6 +187,7 @@ void MatchEnd::endTournamentRound() {
         } else {
             f_.dealer.NewGame(false);
             m.mAutoDeal = true;
+            awaitNextRound();
         }
         return;
     }
@@ -180,7 +195,9 @@ void MatchEnd::endTournamentRound() {
     m.mTournamentYakus = 0;
     if (m.mRoundNo > g.gRounds) return;
     m.mRoundNo = 0;
-    const bool again = askPlayAgain();
+    const MsgResult answer = askPlayAgain();
+    if (answer == MsgResult::Cancel) return;
+    const bool again = answer == MsgResult::Yes;
     pumpAfterQuestion();
     if (!again) {
         declineRematch();
@@ -190,10 +207,29 @@ void MatchEnd::endTournamentRound() {
         f_.dealer.DealCards();
         return;
     }
-    if (f_.socketState() != 8) answerRematch();
+    if (f_.socketState() != 8 && !answerRematch()) return;
     if (f_.m.dealSerial != dealt) return;
     f_.dealer.NewGame(false);
     if (m.mTurn == 1) m.mPeerReady = false;
+}
+
+// The side that closed its card first is told what the next round waits for: the host for the
+// other card; the client for the host's deal, which comes at once if the host's card is closed.
+void MatchEnd::awaitNextRound() {
+    MainVars& m = f_.m;
+    if (f_.g.gPlayMode == 1) {
+        if (!m.mPeerReady) f_.waitForPeer("Please Wait...", "Waiting for your opponent to close the score card.");
+        return;
+    }
+    const int serial = m.dealSerial;
+    const auto waiting = [&] {
+        return m.dealSerial == serial && f_.g.gPlayMode == 2 && f_.socketState() == Socket::sckConnected;
+    };
+    bool late = false;
+    Timer grace(f_.host, [&late] { late = true; }, kNextRoundGraceMs);
+    grace.setEnabled(true);
+    f_.host.waitUntil([&] { return late || !waiting(); });
+    if (waiting()) f_.waitForPeer("Please Wait...", "Waiting for your host to start the next round.");
 }
 
 void MatchEnd::showScoreCard() {

@@ -1,4 +1,5 @@
 #pragma once
+#include "platform/Host.h"
 
 namespace petal {
 
@@ -8,6 +9,9 @@ class FrmMain;
 // offers, the tournament's score, and what comes next.
 class MatchEnd {
 public:
+    // How long a client that has closed its card waits for the next deal before it says so.
+    static constexpr int kNextRoundGraceMs = 1000;
+
     explicit MatchEnd(FrmMain& f) : f_(f) {}
 
     void EndMatch();
@@ -20,13 +24,14 @@ private:
     void sweepClaim();
     void endSingleGame();
     void endTournamentRound();
-    bool askPlayAgain();
-    void askingRematch();
-    void answerRematch();
+    MsgResult askPlayAgain();
+    bool askingRematch(int dealt);
+    bool answerRematch();
     void declineRematch();
     void pumpAfterQuestion();
     void decideNextStarter();
     void showScoreCard();
+    void awaitNextRound();
     void offerSingleHighScore(int p);
     void offerTournamentHighScore();
     void playRoundSound(int p, int c);

@@ -133,7 +133,19 @@ void FrmMain::mnuSetup_Click() {
         return;
     }
     if (socketState() == 0) m.mConnected = false;
-    if (g.gSetupCancelled) return;
+    if (!g.gSetupCancelled) startChosenMode();
+}
+
+void FrmMain::startSession(int playMode, const std::string& address, int port) {
+    connection.port = port != 0 ? port : Connection::kPort;
+    settings.WriteSettings(g.gGameType, g.gRounds, g.gUseYaku ? -1 : 0, playMode);
+    g.gHostIP = address;
+    tmrWinsockState.setEnabled(true);
+    startChosenMode();
+}
+
+// The play mode that Setup or the command line chose: single play, or the session begun.
+void FrmMain::startChosenMode() {
     menu.mnuVScore.Enabled = g.gGameType != 0;
     if (g.gPlayMode <= 0) {
         menu.mnuVChat.Enabled = false;

@@ -100,6 +100,9 @@ public:
     void mnuVChat_Click() { chat.show(); }
     void mnuVScore_Click();
     void mnuSetup_Click();
+    // A network session that the command line asks for, begun as Setup's OK begins one with
+    // the settings as they stand; port 0 is the game's own.
+    void startSession(int playMode, const std::string& address, int port);
     void mnuVHallofFame_Click();
     void mnuStatistics_Click();
     void mnuHAbout_Click();
@@ -135,9 +138,10 @@ public:
     void sendToPeer(const std::string& message) { net.send(message); }
     // The state of the TCP link: 0 closed, 7 connected, 8 the peer is closing.
     int socketState() const { return tcpMultiPlayer->State(); }
-    // Shows the modal wait of the network until the peer's answer unloads it.
-    void waitForPeer(const std::string& caption, const std::string& message) {
-        connection.showStatus(g.gPlayMode, caption, message);
+    // Shows the modal wait of the network until the peer's answer unloads it; false when the
+    // session ended instead.
+    bool waitForPeer(const std::string& caption, const std::string& message) {
+        return connection.waitForPeer(caption, message);
     }
 
     void restoreArrow() {
@@ -146,6 +150,7 @@ public:
 
 private:
     void toggleOption(MenuItem& item, const std::string& key);
+    void startChosenMode();
 
     int mousePointer_ = kPointerDefault;
     // The program's folder and the separator that joins a file name to it, found once.

@@ -6,12 +6,13 @@
 #include "cards/Val.h"
 #include "shell/FrmMain.h"
 #include "platform/Host.h"
+#include "platform/Socket.h"
 
 namespace petal {
 
 FrmSetup::FrmSetup(FrmMain& f) : f_(f) {
     txtRounds = {"", false, kButtonFace, 2};
-    txtHostIP = {"", false, kButtonFace, 15};
+    txtHostIP = {"", false, kButtonFace, kHostLength};
 }
 
 void FrmSetup::Form_Load() {
@@ -104,7 +105,15 @@ void FrmSetup::cmdOK_Click() {
     }
     Globals& g = f_.g;
     const int playMode = selectedPlayMode();
+    // Setup's OK starts the connection anew, or leaves it for single play: either way the
+    // opponent is dropped.
+    const bool connected = g.gPlayMode == 1 && f_.socketState() == Socket::sckConnected;
+    if (connected && f_.host.msgBox({"Your opponent is connected.  Saving the changes you made will end the "
+                                     "connection.  Do you want to proceed?",
+                                     "Opponent Connected", MsgIcon::Question, MsgButtons::YesNo}) != MsgResult::Yes)
+        return;
     if (g.gGameInProgress <= 0) {
+        if (connected && playMode == 0) f_.tcpMultiPlayer->Close();
         writeChoices(playMode);
         if (g.gPlayMode != 0) g.gHostIP = txtHostIP.Text;
         f_.tmrWinsockState.setEnabled(g.gPlayMode != 0);

@@ -24,6 +24,8 @@ public:
     static constexpr std::uint32_t kButtonFace = 0x8000000F;  // the system's button face colour
     static constexpr std::uint32_t kWhite = 0xFFFFFF;
     static constexpr std::uint32_t kGrey = 0xC0C0C0;
+    // The join box takes any host name (at most 253 characters) or address, with a port.
+    static constexpr std::size_t kHostLength = 260;
     enum class Field { None, Rounds, HostIP };
 
     explicit FrmSetup(FrmMain& f);

@@ -29,6 +29,7 @@ public:
     void waitUntil(const std::function<bool()>& done) override;
     void post(std::function<void()> call) override { real_.post(std::move(call)); }
     MsgResult msgBox(const MsgBox& box) override { return real_.msgBox(box); }
+    void endSessionBoxes() override { real_.endSessionBoxes(); }
     void showModal(Form& form) override;
     void refresh() override;
     void setMousePointer(int pointer) override { real_.setMousePointer(pointer); }
@@ -43,6 +44,7 @@ public:
     void showMainForm() override { real_.showMainForm(); }
     void sendKeys(const std::string& keys) override { real_.sendKeys(keys); }
     std::unique_ptr<Socket> createSocket() override;
+    std::vector<std::string> localAddresses() override { return real_.localAddresses(); }
     void endProgram() override { real_.endProgram(); }
     void endProgramAfterFailure() override { real_.endProgramAfterFailure(); }
     bool ending() const override { return real_.ending(); }

@@ -42,7 +42,8 @@ TEST(MessageFramer, CutsTheStreamByTheGrammar) {
         {"a deal with a seed of any text", {"DEAL,1:02:03 PM,1NEWG,0"}, {"DEAL,1:02:03 PM,1", "NEWG,0"}},
         {"a chat line keeps its commas", {"CHAT,a,b,c"}, {"CHAT,a,b,c"}},
         {"a chat line ends where a move begins", {"CHAT,hello", "CARD,2,-1"}, {"CHAT,hello", "CARD,2,-1"}},
-        {"a chat line may hold words of the game", {"CHAT,I QUIT, SCOP it"}, {"CHAT,I QUIT, SCOP it"}},
+        {"a chat line ends where a bare word begins", {"CHAT,ggSCOP"}, {"CHAT,gg", "SCOP"}},
+        {"...in the next read", {"CHAT,gg", "SCOP"}, {"CHAT,gg", "SCOP"}},
         {"a chat line split over reads", {"CHAT,hel", "lo"}, {"CHAT,hello"}},
         {"an empty chat line", {"CHAT,"}, {"CHAT,"}},
     };
@@ -57,18 +58,18 @@ TEST(MessageFramer, EverySplitOfAStreamGivesTheSameMessages) {
         EXPECT_EQ(frame({stream.substr(0, cut), stream.substr(cut)}), whole) << "cut at " << cut;
 }
 
-TEST(MessageFramer, AChatLineThatHoldsMessagesOfTheGameArrivesAsOneLine) {
-    for (const std::string line : {"try CARD,0,-1", "see CHAT,x", "DEAL,12:00:00,1", "NEWG,0 and SEUP,1,2,3"}) {
+TEST(MessageFramer, EveryChatLineArrivesAsOneLineAndReadsAsTyped) {
+    const std::string lines[] = {"x CARD,1,-1 y", "I QUIT, SCOP it", "SCCLNEWG,0", "CARDEAL", "\x10" "CHAT,\x10\x10",
+                                 "gg \xC3\xA9t\xC3\xA9", std::string(200, 'Q') + "UIT"};
+    for (const std::string& line : lines) {
         const std::string sent = "CHAT," + chatText(line);
-        for (const auto& pieces : {std::vector<std::string>{sent}, std::vector<std::string>{sent, "NEWG,0"}}) {
+        for (const auto& pieces : {std::vector<std::string>{sent}, std::vector<std::string>{sent, "QUIT"}}) {
             const auto messages = frame(pieces);
-            ASSERT_FALSE(messages.empty()) << line;
-            EXPECT_EQ(messages[0], sent) << line;
-            EXPECT_EQ(messages.size(), pieces.size()) << line;
+            ASSERT_EQ(messages.size(), pieces.size()) << line;
+            EXPECT_EQ(typedLine(std::string_view(messages[0]).substr(5)), line);
         }
     }
-    EXPECT_EQ(chatText("plain, words"), "plain, words") << "other lines go as typed";
-    EXPECT_EQ(chatText("try CARD,0"), "try CARD ,0");
+    EXPECT_EQ(chatText("plain, words \xC3\xA9"), "plain, words \xC3\xA9") << "a line without tag words goes as typed";
 }
 
 TEST(MessageFramer, FindsWhatIsNoMessage) {

@@ -62,9 +62,9 @@ TEST_F(NetChat, ALineOpensTheOtherSidesFormWholeBehindTheMarker) {
     ASSERT_TRUE(connect());
     openChat(client);
     EXPECT_EQ(chat(client)->Caption, "Petalgarden Chat");
-    ASSERT_TRUE(say(client, host, "one, two,,three"));
-    EXPECT_EQ(chat(client)->lstChat.List, Lines{"one, two,,three"}) << "a sent line stands bare";
-    EXPECT_EQ(chat(host)->lstChat.List, Lines{">>>one, two,,three"});
+    ASSERT_TRUE(say(client, host, "one, CARD,1,-1 two,,three"));
+    EXPECT_EQ(chat(client)->lstChat.List, Lines{"one, CARD,1,-1 two,,three"}) << "a sent line stands bare";
+    EXPECT_EQ(chat(host)->lstChat.List, Lines{">>>one, CARD,1,-1 two,,three"});
     FrmPetalChat& answer = *chat(host);
     act(host, [&] {
         answer.lstChat.ListIndex = 0;
@@ -72,7 +72,7 @@ TEST_F(NetChat, ALineOpensTheOtherSidesFormWholeBehindTheMarker) {
     });
     EXPECT_TRUE(answer.cmdSend.Enabled);
     ASSERT_TRUE(say(host, client, answer.txtMsg.Text));
-    EXPECT_EQ(chat(client)->lstChat.List, (Lines{"one, two,,three", ">>>>>>one, two,,three"}));
+    EXPECT_EQ(chat(client)->lstChat.List, (Lines{"one, CARD,1,-1 two,,three", ">>>>>>one, CARD,1,-1 two,,three"}));
 
     act(host, [&] { chat(host)->cmdClose_Click(); });
     ASSERT_EQ(host.f().chat.form(), nullptr);

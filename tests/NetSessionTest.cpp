@@ -107,6 +107,7 @@ TEST_F(NetSession, ARefusalAfterThisSideSaidYesEndsItsWait) {
 
 TEST_F(NetSession, TheHostsRestartClearsBothTables) {
     host.answers["Game In Progress"] = MsgResult::Yes;
+    client.answers["Session Restarted"] = MsgResult::OK;
     ASSERT_TRUE(connect());
     ASSERT_TRUE(deal());
     act(host, [&] { host.f().dealer.imgDeck_Click(); });
@@ -118,6 +119,7 @@ TEST_F(NetSession, TheHostsRestartClearsBothTables) {
         EXPECT_FALSE(side->f().tmrComputer.Enabled());
     }
     EXPECT_EQ(host.f().m.mTurn, 0);
+    ASSERT_TRUE(runUntil([&] { return client.boxes("Session Restarted") == 1; })) << "the client is told why";
 }
 
 // The side that led opens its card at once; the other opens its own once it hears of that; the
@@ -135,7 +137,8 @@ TEST_P(ScoreCardMeeting, TheCardsMeetAndTheNextRoundWaitsForBoth) {
     std::vector<std::string> order;
     const int dealt = host.ends.deals;
     // The leader keeps its card open for three seconds.
-    leader.onForm = [&](Form& form) {
+    leader.onForm = [&, others = leader.onForm](Form& form) {
+        if (!dynamic_cast<FrmScoreCard*>(&form)) return others(form);  // the wait for the other card
         auto& card = dynamic_cast<FrmScoreCard&>(form);
         order.push_back("leader opens");
         const std::int64_t until = world.now() + 3000;
@@ -144,7 +147,8 @@ TEST_P(ScoreCardMeeting, TheCardsMeetAndTheNextRoundWaitsForBoth) {
         EXPECT_EQ(host.ends.deals, dealt) << "no round is dealt while a card stands";
         card.cmdOK_Click();
     };
-    other.onForm = [&](Form& form) {
+    other.onForm = [&, others = other.onForm](Form& form) {
+        if (!dynamic_cast<FrmScoreCard*>(&form)) return others(form);
         order.push_back("other opens");
         dynamic_cast<FrmScoreCard&>(form).cmdOK_Click();
     };

@@ -30,9 +30,9 @@ int freePort() {
     return ntohs(address.sin_port);
 }
 
-pid_t startTool(const std::vector<std::string>& args, const std::filesystem::path& output,
-                const std::filesystem::path& errors) {
-    std::vector<std::string> all = {PETAL_SIM};
+pid_t startProgram(const std::string& program, const std::vector<std::string>& args,
+                   const std::filesystem::path& output, const std::filesystem::path& errors) {
+    std::vector<std::string> all = {program};
     all.insert(all.end(), args.begin(), args.end());
     std::vector<char*> argv;
     for (std::string& a : all) argv.push_back(a.data());
@@ -42,7 +42,7 @@ pid_t startTool(const std::vector<std::string>& args, const std::filesystem::pat
     posix_spawn_file_actions_addopen(&files, 1, output.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     if (!errors.empty()) posix_spawn_file_actions_addopen(&files, 2, errors.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
     pid_t pid = 0;
-    posix_spawn(&pid, PETAL_SIM, &files, nullptr, argv.data(), environ);
+    posix_spawn(&pid, program.c_str(), &files, nullptr, argv.data(), environ);
     posix_spawn_file_actions_destroy(&files);
     return pid;
 }

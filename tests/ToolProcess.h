@@ -11,9 +11,14 @@ namespace petal::test {
 
 // A port on 127.0.0.1 that nothing listens on just now.
 int freePort();
-// Starts petalgarden-sim with its standard output (and error, if given) in files.
-pid_t startTool(const std::vector<std::string>& args, const std::filesystem::path& output,
-                const std::filesystem::path& errors = {});
+// Starts a program with its standard output (and error, if given) in files.
+pid_t startProgram(const std::string& program, const std::vector<std::string>& args,
+                   const std::filesystem::path& output, const std::filesystem::path& errors = {});
+// Starts petalgarden-sim so.
+inline pid_t startTool(const std::vector<std::string>& args, const std::filesystem::path& output,
+                       const std::filesystem::path& errors = {}) {
+    return startProgram(PETAL_SIM, args, output, errors);
+}
 // The exit status, or -1 if the process had to be killed after the limit.
 int finishTool(pid_t pid, std::chrono::milliseconds limit);
 // Waits until something listens on the port (read from the kernel's tables, without

@@ -3,9 +3,11 @@
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QDate>
+#include <QNetworkInterface>
 #include <QTime>
 #include <QTimer>
 #include <cmath>
+#include <utility>
 
 #include "platform/FatalError.h"
 #include "platform/Timer.h"
@@ -23,7 +25,16 @@ void QtCoreHost::dispatch(const std::function<void()>& handler) {
     ++handling_;
     runHandler(*this, handler);
     --handling_;
+    if (handling_ == 0) {
+        for (const QPointer<QObject>& object : std::exchange(released_, {}))
+            if (object) object->deleteLater();
+    }
     modelChanged();
+}
+
+void QtCoreHost::releaseAfterHandlers(QObject* object) {
+    if (handling_ == 0) object->deleteLater();
+    else released_.emplace_back(object);
 }
 
 void QtCoreHost::timerChanged(Timer& timer) {
@@ -88,6 +99,23 @@ const ProgramFolders& QtCoreHost::folders() {
 }
 
 std::unique_ptr<Socket> QtCoreHost::createSocket() { return std::make_unique<QtSocket>(*this); }
+
+std::vector<std::string> QtCoreHost::localAddresses() {
+    std::vector<std::string> addresses;
+    for (const QNetworkInterface& interface : QNetworkInterface::allInterfaces()) {
+        const auto flags = interface.flags();
+        if (!(flags & QNetworkInterface::IsUp) || !(flags & QNetworkInterface::IsRunning) ||
+            (flags & QNetworkInterface::IsLoopBack))
+            continue;
+        for (const QNetworkAddressEntry& entry : interface.addressEntries()) {
+            const QHostAddress address = entry.ip();
+            if (address.isLoopback() || (address.protocol() == QAbstractSocket::IPv6Protocol && address.isLinkLocal()))
+                continue;
+            addresses.push_back(address.toString().toStdString());
+        }
+    }
+    return addresses;
+}
 
 void QtCoreHost::end(int status) {
     if (ending_) return;

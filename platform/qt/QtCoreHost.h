@@ -3,10 +3,12 @@
 // event comes, the clock, the program's folders and its sockets. The program's host adds the
 // widgets; a headless player runs the game on this part alone.
 #include <QObject>
+#include <QPointer>
 #include <filesystem>
 #include <functional>
 #include <map>
 #include <optional>
+#include <vector>
 
 #include "platform/Host.h"
 #include "platform/qt/ProgramFolders.h"
@@ -26,6 +28,9 @@ public:
     void dispatch(const std::function<void()>& handler);
     // A handler of the game is running (events that it lets run come in beneath it).
     bool handling() const { return handling_ > 0; }
+    // Frees an object of a closed connection once no handler of the game runs: the handler that
+    // closed it may have been run from inside one of its signals, which must not return into it.
+    void releaseAfterHandlers(QObject* object);
     // Timers run this many times faster than the game sets them (headless play; 1 in the program).
     void setSpeed(double speed) { speed_ = speed > 0 ? speed : 1; }
 
@@ -41,6 +46,7 @@ public:
     std::filesystem::path helpFolder() override;
     std::string filesMoved() override { return folders().moved; }
     std::unique_ptr<Socket> createSocket() override;
+    std::vector<std::string> localAddresses() override;
     void endProgram() override { end(0); }
     void endProgramAfterFailure() override { end(1); }
     bool ending() const override { return ending_; }
@@ -58,6 +64,7 @@ private:
     void end(int status);
 
     std::map<Timer*, QTimer*> timers_;
+    std::vector<QPointer<QObject>> released_;
     std::filesystem::path folder_;
     std::optional<ProgramFolders> folders_;
     double speed_ = 1;

@@ -143,7 +143,10 @@ MsgResult QtHost::msgBox(const MsgBox& box) {
             dialog.setDefaultButton(QMessageBox::RestoreDefaults);
             break;
     }
-    switch (dialog.exec()) {
+    if (box.ofSession) sessionBoxes_.emplace_back(&dialog);
+    const int answer = dialog.exec();
+    if (box.ofSession) sessionBoxes_.pop_back();
+    switch (answer) {
         case QMessageBox::Ok: return MsgResult::OK;
         case QMessageBox::Yes: return MsgResult::Yes;
         case QMessageBox::No: return MsgResult::No;
@@ -171,6 +174,11 @@ void QtHost::showModal(Form& form) {
     open_.pop_back();
     if (form.loaded()) form.Unload();
     delete dialog;
+}
+
+void QtHost::endSessionBoxes() {
+    for (const QPointer<QMessageBox>& box : sessionBoxes_)
+        if (box) box->done(QMessageBox::Cancel);
 }
 
 // Over the table a box is as wide as the table at most; before the table shows (the boxes of the

@@ -2,6 +2,7 @@
 // The program's host: the core host's timers, waits, clock and sockets, with the widgets:
 // message boxes, and modal dialogs made for each form model by the view that registered for it.
 #include <QDialog>
+#include <QMessageBox>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
@@ -34,6 +35,7 @@ public:
     std::function<QRect()> tableArea;
 
     MsgResult msgBox(const MsgBox& box) override;
+    void endSessionBoxes() override;
     void showModal(Form& form) override;
     void refresh() override;
     void setMousePointer(int pointer) override;
@@ -59,6 +61,7 @@ private:
         QPointer<QDialog> dialog;
     };
     std::vector<OpenDialog> open_;
+    std::vector<QPointer<QMessageBox>> sessionBoxes_;
     QPointer<QWidget> mainWidget_;
     // Loaded when the table first shows, so that the first card laid does not wait for it.
     std::unique_ptr<SoundPlayer> sounds_;

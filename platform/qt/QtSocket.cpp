@@ -6,9 +6,32 @@
 
 #include "platform/qt/QtCoreHost.h"
 
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/socket.h>
+
 namespace petal {
 
 namespace {
+
+// A peer that vanishes without closing (a cable pulled, a machine asleep) sends nothing more:
+// probes after a short silence, and a limit on unanswered data, make that the loss of the
+// connection within a minute. Nothing new goes on the wire but the kernel's own probes.
+constexpr int kKeepIdleSeconds = 15;
+constexpr int kKeepIntervalSeconds = 5;
+constexpr int kKeepProbes = 6;
+constexpr unsigned kUnansweredLimitMs = 50'000;
+
+void keepAlive(QTcpSocket* socket) {
+    const int fd = static_cast<int>(socket->socketDescriptor());
+    if (fd < 0) return;
+    const int on = 1;
+    ::setsockopt(fd, SOL_SOCKET, SO_KEEPALIVE, &on, sizeof on);
+    ::setsockopt(fd, IPPROTO_TCP, TCP_KEEPIDLE, &kKeepIdleSeconds, sizeof kKeepIdleSeconds);
+    ::setsockopt(fd, IPPROTO_TCP, TCP_KEEPINTVL, &kKeepIntervalSeconds, sizeof kKeepIntervalSeconds);
+    ::setsockopt(fd, IPPROTO_TCP, TCP_KEEPCNT, &kKeepProbes, sizeof kKeepProbes);
+    ::setsockopt(fd, IPPROTO_TCP, TCP_USER_TIMEOUT, &kUnansweredLimitMs, sizeof kUnansweredLimitMs);
+}
 
 // The classic numbers of socket failures, which a player may look up; the text is the
 // platform's own.
@@ -78,7 +101,7 @@ void QtSocket::onIncoming() {
         });
         const auto left = pending_.find(id);
         if (left != pending_.end()) {
-            if (left->second) left->second->close(), left->second->deleteLater();
+            if (left->second) left->second->close(), host_.releaseAfterHandlers(left->second);
             pending_.erase(left);
         }
     }
@@ -90,6 +113,7 @@ void QtSocket::Accept(long requestID) {
     QTcpSocket* accepted = it->second;
     pending_.erase(it);
     adopt(accepted);
+    keepAlive(accepted);
     state_ = sckConnected;
     if (accepted->bytesAvailable() > 0)
         QTimer::singleShot(0, this, [this, accepted] {
@@ -114,7 +138,7 @@ void QtSocket::adopt(QTcpSocket* socket) {
         if (socket_ != socket) return;
         if (s == QAbstractSocket::HostLookupState) state_ = sckResolvingHost;
         else if (s == QAbstractSocket::ConnectingState) state_ = sckConnecting;
-        else if (s == QAbstractSocket::ConnectedState) state_ = sckConnected;
+        else if (s == QAbstractSocket::ConnectedState) state_ = sckConnected, keepAlive(socket);
         else if (s == QAbstractSocket::UnconnectedState && state_ == sckConnected) state_ = sckClosing;
     });
     connect(socket, &QTcpSocket::readyRead, this, [this, socket] {
@@ -147,7 +171,7 @@ void QtSocket::Close() {
     if (server_) {
         server_->disconnect(this);
         server_->close();
-        server_->deleteLater();
+        host_.releaseAfterHandlers(server_);
         server_ = nullptr;
     }
     if (socket_) {
@@ -155,7 +179,7 @@ void QtSocket::Close() {
         socket_ = nullptr;
         old->disconnect(this);
         old->disconnectFromHost();  // what was written still goes out before the end
-        old->deleteLater();
+        host_.releaseAfterHandlers(old);
     }
     state_ = sckClosed;
 }

@@ -94,9 +94,15 @@ void SimHost::fire(Timer& timer, std::int64_t at) {
     offer({*entry, &timer, 0});
 }
 
+void SimHost::eventPass() const {
+    if (releasesPending_ == 0 || ending_) return;
+    for (const SimSocket* socket : sockets_) socket->eventPass(loopDepth_);
+}
+
 void SimHost::runNextDue() {
     const Next* n = next();
     if (!n) return;
+    eventPass();
     const Key key = n->key;
     if (n->timer) {
         fire(*n->timer, key.at);
@@ -141,7 +147,16 @@ bool SimHost::runUntil(const std::function<bool()>& done, std::int64_t limitMs) 
     return true;
 }
 
+namespace {
+struct Nested {
+    int& depth;
+    explicit Nested(int& d) : depth(d) { ++depth; }
+    ~Nested() { --depth; }
+};
+}  // namespace
+
 void SimHost::doEvents() {
+    const Nested loop(loopDepth_);
     // Only what is due now: letting events run moves no time.
     for (int guard = 0; guard < 64 && !ending_; ++guard) {
         const std::optional<Key> key = nextKey();
@@ -151,10 +166,12 @@ void SimHost::doEvents() {
 }
 
 void SimHost::waitUntil(const std::function<bool()>& done) {
+    const Nested loop(loopDepth_);
     if (!world_) {
         while (!done() && !ending_) {
             if (!step()) throw UnexpectedPrompt("a wait with no event left to end it");
         }
+        eventPass();
         return;
     }
     if (Fiber::current() != fiber_.get())
@@ -168,6 +185,8 @@ void SimHost::waitUntil(const std::function<bool()>& done) {
         fiber_->yield();
         runCommand();
     }
+    // The loop's last pass, whose event ended the wait.
+    if (!failure_) eventPass();
 }
 
 void SimHost::runCommand() {
@@ -179,6 +198,7 @@ void SimHost::runCommand() {
         } else if (command == Command::Act) {
             const std::function<void()> action = std::move(action_);
             action_ = nullptr;
+            eventPass();
             runHandler(*this, action);
         }
     } catch (...) {
@@ -197,8 +217,23 @@ MsgResult SimHost::msgBox(const MsgBox& box) {
         script_.pop_front();
         return next.answer;
     }
-    if (onMsgBox) return onMsgBox(box);
+    if (onMsgBox) {
+        const Nested loop(loopDepth_);
+        open_.push_back({box.ofSession, false});
+        struct Close {
+            std::vector<OpenBox>& open;
+            ~Close() { open.pop_back(); }
+        } close{open_};
+        const MsgResult answer = onMsgBox(box);
+        eventPass();  // the box's loop takes the click
+        return open_.back().ended ? MsgResult::Cancel : answer;
+    }
     throw UnexpectedPrompt("unexpected message box \"" + box.text + "\" (" + box.title + ")");
+}
+
+void SimHost::endSessionBoxes() {
+    for (OpenBox& box : open_)
+        if (box.ofSession) box.ended = true;
 }
 
 void SimHost::expectMsgBox(std::string text, std::string title, MsgResult answer) {
@@ -212,12 +247,10 @@ void SimHost::showModal(Form& form) {
     form.Form_Activate();
     if (!form.loaded() || ending_) return;
     if (!onForm) throw UnexpectedPrompt(std::string("unexpected form ") + form.formName());
-    ++modalDepth_;
-    struct Depth {
-        int& depth;
-        ~Depth() { --depth; }
-    } depth{modalDepth_};
+    const Nested modal(modalDepth_);
+    const Nested loop(loopDepth_);
     onForm(form);
+    eventPass();
     if (form.loaded() && !ending_)
         throw UnexpectedPrompt(std::string("form left open by the script: ") + form.formName());
 }

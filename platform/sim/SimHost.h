@@ -51,6 +51,9 @@ public:
     // In a world it may wait (host.waitUntil) for the other program to unload it.
     std::function<void(Form&)> onForm;
     const std::vector<MsgBox>& shownBoxes() const { return shown_; }
+    // The innermost box that a script is answering was closed by the end of its session: its
+    // answer goes nowhere.
+    bool boxEnded() const { return !open_.empty() && open_.back().ended; }
     int mousePointer() const { return pointer_; }
     int refreshCount() const { return refreshes_; }
 
@@ -62,6 +65,7 @@ public:
     // A call due now: it runs as the next event of this program.
     void post(std::function<void()> call) override { schedule(now(), std::move(call)); }
     MsgResult msgBox(const MsgBox& box) override;
+    void endSessionBoxes() override;
     void showModal(Form& form) override;
     void refresh() override { ++refreshes_; }
     void setMousePointer(int pointer) override { pointer_ = pointer; }
@@ -81,6 +85,8 @@ public:
     void sendKeys(const std::string&) override {}
     bool mainFormShown() const { return mainFormShown_; }
     std::unique_ptr<Socket> createSocket() override;
+    std::vector<std::string> localAddresses() override { return addresses; }
+    std::vector<std::string> addresses = {"192.0.2.10", "2001:db8::10"};  // for documentation
     // The program's end closes its sockets, as a process's end does.
     void endProgram() override;
     void endProgramAfterFailure() override {
@@ -113,6 +119,13 @@ private:
     };
     void scheduleSocketEvent(std::int64_t at, SimSocket& socket, std::function<void(SimSocket&)> event);
     void socketGone(const SimSocket& socket);
+    // The nested loops open on this program's stack: waits, boxes and forms.
+    int loopDepth() const { return loopDepth_; }
+    // A socket's connection was closed under one of its events, or that event has ended.
+    void releasePending() { ++releasesPending_; }
+    void releaseSettled() { --releasesPending_; }
+    // Each event runs in a pass of the innermost loop open.
+    void eventPass() const;
     struct Expected {
         std::string text, title;
         MsgResult answer;
@@ -186,6 +199,11 @@ private:
     int year_ = 2026, month_ = 11, day_ = 22;
     std::deque<Expected> script_;
     std::vector<MsgBox> shown_;
+    struct OpenBox {
+        bool ofSession;
+        bool ended;
+    };
+    std::vector<OpenBox> open_;  // boxes that a script answers, innermost last
     int pointer_ = 0;
     int refreshes_ = 0;
     bool ending_ = false;
@@ -198,6 +216,8 @@ private:
     std::exception_ptr failure_;
     int waitDepth_ = 0;
     int modalDepth_ = 0;
+    int loopDepth_ = 0;
+    int releasesPending_ = 0;
     std::vector<SimSocket*> sockets_;
     bool mainFormShown_ = false;
     int status_ = 0;

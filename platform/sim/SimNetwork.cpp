@@ -1,7 +1,9 @@
 #include "platform/sim/SimNetwork.h"
 
 #include <algorithm>
+#include <iterator>
 
+#include "net/MessageFramer.h"
 #include "platform/Socket.h"
 #include "platform/sim/SimHost.h"
 #include "platform/sim/SimSocket.h"
@@ -16,6 +18,15 @@ constexpr int kMergePercent = 8;
 constexpr int kDelayPercent = 10;
 constexpr int kRefusePercent = 25;
 constexpr std::uint64_t kDropOneIn = 300;  // sends
+constexpr int kChatPercent = 3;
+// Before the messages of a deal's end, where a line that swallowed one would stall the game.
+constexpr int kChatBeforeEndPercent = 30;
+
+bool endsADeal(const std::string& bytes) {
+    for (const char* tag : {"SCOP", "SCCL", "QUIT", "NEWG"})
+        if (bytes.rfind(tag, 0) == 0) return true;
+    return false;
+}
 }  // namespace
 
 SimNetwork::SimNetwork(SimWorld& world) : world_(world) {}
@@ -23,6 +34,17 @@ SimNetwork::SimNetwork(SimWorld& world) : world_(world) {}
 void SimNetwork::setFaults(std::uint64_t seed) {
     faultsOn_ = seed != 0;
     rng_ = seed;
+}
+
+// What players type: words of the game's messages, commas, numbers, letters beyond ASCII, and
+// now and then a line as long as the box takes.
+std::string SimNetwork::chatLine() {
+    static constexpr const char* kPieces[] = {"gg", " ", ",", "CARD,1,-1", "SCOP", "SCCL", "QUIT", "NEWG,1",
+                                              "CHAT,", "DEAL,12:00:00,1", "SEUP", "\xC3\xA9", "\xE6\xBC\xA2", "\x10"};
+    if (random() % 10 == 0) return std::string(197, 'Q') + "UIT";
+    std::string line;
+    for (std::uint64_t n = 1 + random() % 5; n > 0; --n) line += kPieces[random() % std::size(kPieces)];
+    return line;
 }
 
 std::uint64_t SimNetwork::random() {
@@ -93,7 +115,7 @@ void SimNetwork::request(int clientId, int listenerId) {
     client->link = id;
     client->setState(Socket::sckConnected);
     socket(listenerId)->post(kLatency, [this, id](SimSocket& listener) {
-        if (listener.ConnectionRequest) listener.ConnectionRequest(id);
+        listener.raiseConnectionRequest(id);
         if (!links_[id].accepted) breakLink(id, -1);
     });
 }
@@ -140,10 +162,14 @@ void SimNetwork::send(SimSocket& from, const std::string& bytes) {
     if (it == links_.end()) return;
     Link& link = it->second;
     const int to = link.ends[0] == from.id() ? 1 : 0;
-    from.post(0, [](SimSocket& s) {
-        if (s.SendComplete) s.SendComplete();
-    });
+    from.sendsLeave();
     std::string data = std::move(link.held[to]) + bytes;
+    if (chance(endsADeal(bytes) ? kChatBeforeEndPercent : kChatPercent)) {
+        ++faults_;
+        std::string line = chatLine();
+        data.insert(data.size() - bytes.size(), "CHAT," + chatText(line));
+        chatTo_[link.ends[to]].push_back(std::move(line));
+    }
     link.held[to].clear();
     ++link.heldGeneration[to];
     if (chance(kMergePercent)) {

@@ -1,8 +1,10 @@
 #pragma once
 // The network between simulated programs: listening ports, connections, and a seeded plan of
 // faults. A send may arrive whole, split over two reads, merged with the next send or late;
-// a connection may be refused or dropped at any moment. Bytes on a connection keep their order.
+// a connection may be refused or dropped at any moment; a line of chat may come before a send,
+// as if the peer had typed it just then. Bytes on a connection keep their order.
 #include <cstdint>
+#include <deque>
 #include <map>
 #include <string>
 #include <vector>
@@ -28,6 +30,8 @@ public:
     void clearDropped() { dropped_ = false; }
     // Breaks the live connection now: one end sees an error, the other its peer closing.
     void drop(bool errorAtListener);
+    // The chat lines that the plan sent to a socket and that have not been taken, oldest first.
+    std::deque<std::string>& chatLinesTo(int socketId) { return chatTo_[socketId]; }
 
     // For sockets.
     int add(SimSocket& socket);
@@ -58,11 +62,13 @@ private:
     bool breakLink(int link, int errorEnd);
     std::uint64_t random();
     bool chance(int percent) { return faultsOn_ && static_cast<int>(random() % 100) < percent; }
+    std::string chatLine();
 
     SimWorld& world_;
     std::map<int, SimSocket*> sockets_;
     std::map<int, int> listeners_;  // port to socket id
     std::map<int, Link> links_;
+    std::map<int, std::deque<std::string>> chatTo_;
     int nextId_ = 1;
     bool faultsOn_ = false;
     std::uint64_t rng_ = 0;

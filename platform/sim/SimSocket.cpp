@@ -4,6 +4,7 @@
 
 #include "platform/sim/SimHost.h"
 #include "platform/sim/SimNetwork.h"
+#include "platform/UnexpectedPrompt.h"
 
 namespace petal {
 
@@ -24,13 +25,56 @@ void SimSocket::post(std::int64_t delay, std::function<void(SimSocket&)> event) 
     host_->scheduleSocketEvent(host_->now() + delay, *this, std::move(event));
 }
 
+template <class Event>
+void SimSocket::deliver(Event&& event) {
+    ++delivering_;
+    struct Done {
+        SimSocket& s;
+        ~Done() {
+            if (--s.delivering_ == 0 && s.releaseDepth_ >= 0) {
+                s.releaseDepth_ = -1;
+                if (s.host_) s.host_->releaseSettled();
+            }
+        }
+    } done{*this};
+    event();
+}
+
 void SimSocket::raiseError(int number, const std::string& description) {
     state_ = sckError;
-    if (Error) Error(number, description);
+    deliver([&] {
+        if (Error) Error(number, description);
+    });
 }
 
 void SimSocket::raiseDataArrival() {
-    if (DataArrival) DataArrival(static_cast<long>(inbound.size()));
+    deliver([this] {
+        if (DataArrival) DataArrival(static_cast<long>(inbound.size()));
+    });
+}
+
+void SimSocket::raiseConnectionRequest(long requestID) {
+    deliver([&] {
+        if (ConnectionRequest) ConnectionRequest(requestID);
+    });
+}
+
+void SimSocket::sendsLeave() {
+    if (completionDue_) return;
+    completionDue_ = true;
+    post(0, [connection = link](SimSocket& s) {
+        if (s.link != connection || !s.completionDue_) return;
+        s.completionDue_ = false;
+        s.deliver([&s] {
+            if (s.SendComplete) s.SendComplete();
+        });
+    });
+}
+
+void SimSocket::eventPass(int depth) const {
+    if (releaseDepth_ >= 0 && depth <= releaseDepth_)
+        throw UnexpectedPrompt("a connection closed under its own event was freed while that event was still being "
+                               "delivered: the program would return into a freed socket");
 }
 
 void SimSocket::Listen() {
@@ -57,8 +101,13 @@ void SimSocket::Accept(long requestID) {
 
 void SimSocket::Close() {
     if (network_) network_->close(*this);
+    if (delivering_ > 0 && releaseDepth_ < 0 && host_) {
+        releaseDepth_ = host_->loopDepth();
+        host_->releasePending();
+    }
     state_ = sckClosed;
     link = 0;
+    completionDue_ = false;
     inbound.clear();
 }
 

@@ -20,7 +20,16 @@ void HeadlessHost::waitUntil(const std::function<bool()>& done) {
 MsgResult HeadlessHost::msgBox(const MsgBox& box) {
     if (ending() || !onMsgBox) return MsgResult::Cancel;
     Depth depth(depth_);
-    return onMsgBox(box);
+    open_.emplace_back(box.ofSession, false);
+    const MsgResult answer = onMsgBox(box);
+    const bool ended = open_.back().second;
+    open_.pop_back();
+    return ended ? MsgResult::Cancel : answer;
+}
+
+void HeadlessHost::endSessionBoxes() {
+    for (auto& [ofSession, ended] : open_)
+        if (ofSession) ended = true;
 }
 
 void HeadlessHost::showModal(Form& form) {

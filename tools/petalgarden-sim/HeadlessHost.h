@@ -3,6 +3,8 @@
 // program's sockets, with message boxes and forms answered by a script, as the headless player
 // answers them.
 #include <functional>
+#include <utility>
+#include <vector>
 
 #include "platform/qt/QtCoreHost.h"
 
@@ -21,6 +23,7 @@ public:
 
     void waitUntil(const std::function<bool()>& done) override;
     MsgResult msgBox(const MsgBox& box) override;
+    void endSessionBoxes() override;
     void showModal(Form& form) override;
     void refresh() override {}
     void setMousePointer(int) override {}
@@ -29,6 +32,7 @@ public:
 
 private:
     int depth_ = 0;
+    std::vector<std::pair<bool, bool>> open_;  // of a session, ended; innermost last
 };
 
 }  // namespace petal::sim

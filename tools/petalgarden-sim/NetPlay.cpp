@@ -15,6 +15,7 @@
 #include "platform/FatalError.h"
 #include "platform/sim/SimHost.h"
 #include "platform/sim/SimNetwork.h"
+#include "platform/sim/SimSocket.h"
 #include "platform/sim/SimWorld.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
@@ -72,6 +73,10 @@ public:
         for (Side* side : {&host_, &client_}) {
             side->host.onMsgBox = [this, side](const MsgBox& box) { return answer(*side, box); };
             side->host.onForm = [this, side](Form& form) { act(*side, form); };
+            side->f().net.chatReceived = [this, side, show = side->f().net.chatReceived](const std::string& line) {
+                checkChat(*side, line);
+                show(line);
+            };
         }
     }
     ~NetRun() { world_.endAll(); }
@@ -92,6 +97,7 @@ private:
     bool move(Side& side);
     bool recover();
     bool check();
+    void checkChat(Side& side, const std::string& line);
     bool fail(const std::string& why) {
         if (!failed_) {
             err_ << "petalgarden-sim: " << why << "\n";
@@ -133,10 +139,11 @@ MsgResult NetRun::answer(Side& side, const MsgBox& box) {
         side.lastError = std::stoi(box.title.substr(14));
         return MsgResult::OK;
     }
-    if (box.title == "Reset Game" || box.title == "Cancel Connection" || box.title == "Close Connection")
+    if (box.title == "Reset Game" || box.title == "Cancel Connection" || box.title == "Close Connection" ||
+        box.title == "Opponent Connected")
         return MsgResult::Yes;
     if (box.title == "Connection Successful" || box.title == "Remote Connection Closed" ||
-        box.title == "Client Connection Closed" || box.title == "Rematch Declined")
+        box.title == "Client Connection Closed" || box.title == "Rematch Declined" || box.title == "Session Restarted")
         return MsgResult::OK;
     fail(std::string(side.name()) + ": " + box.title + ": " + box.text);
     return box.buttons == MsgButtons::YesNo ? MsgResult::No : MsgResult::OK;
@@ -207,6 +214,18 @@ bool NetRun::check() {
     if (diff.empty()) return true;
     mismatch_ = true;
     return fail("the copies parted at " + diff);
+}
+
+// Each line of chat that the fault plan sent arrives as it was typed; lines lost with a
+// dropped connection are passed over.
+void NetRun::checkChat(Side& side, const std::string& line) {
+    auto& sent = world_.network().chatLinesTo(static_cast<SimSocket&>(*side.f().tcpMultiPlayer).id());
+    while (!sent.empty() && sent.front() != line) sent.pop_front();
+    if (sent.empty()) {
+        fail(std::string(side.name()) + " got the chat line \"" + line.substr(0, 40) + "\", which no one typed");
+        return;
+    }
+    sent.pop_front();
 }
 
 // After a dropped connection both sides end their session as designed, by themselves; then

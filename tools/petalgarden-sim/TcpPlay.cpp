@@ -76,8 +76,9 @@ MsgResult TcpSide::answer(const MsgBox& box) {
         pause(5000);
         return MsgResult::No;
     }
-    if (box.title == "Connection Successful") return MsgResult::OK;
-    if (box.title == "Reset Game" || box.title == "Cancel Connection" || box.title == "Close Connection")
+    if (box.title == "Connection Successful" || box.title == "Session Restarted") return MsgResult::OK;
+    if (box.title == "Reset Game" || box.title == "Cancel Connection" || box.title == "Close Connection" ||
+        box.title == "Opponent Connected")
         return MsgResult::Yes;
     const bool peerGone = box.title == "Remote Connection Closed" || box.title == "Client Connection Closed" ||
                           box.title.rfind("Winsock Error ", 0) == 0 || box.title == "Rematch Declined";
@@ -138,11 +139,9 @@ void TcpSide::start() {
     });
 }
 
-// Setup, as a player opens it; the session's end sets the port back, so it is set each time.
+// Setup, as a player opens it, on the port of the command line.
 void TcpSide::setUp() {
-    Socket& socket = *f().tcpMultiPlayer;
-    if (o_.host) socket.LocalPort = o_.port;
-    else socket.RemotePort = o_.port;
+    f().connection.port = o_.port;
     f().mnuSetup_Click();
 }
 
@@ -160,6 +159,12 @@ void TcpSide::play() {
     // A host that stays sets up again after its session ended out of step.
     if (o_.stay && o_.host && game.g.gPlayMode == 0) {
         host_.dispatch([this] { setUp(); });
+        return;
+    }
+    // The peer ended the session after the last deal, and with it this side's question: the
+    // player closes the program.
+    if (done() && game.g.gPlayMode == 0) {
+        host_.dispatch([&game] { game.mnuExit_Click(); });
         return;
     }
     if (o_.host && game.g.gPlayMode == 1 && game.g.gGameInProgress == 0 && game.g.gConnectState == Socket::sckConnected &&
