@@ -1,161 +1,152 @@
-#include "NetTarget.h"
+// What a peer sends, as a fuzz target: the program hosts or joins a bare socket on the simulated
+// network, and the input's bytes reach it in pieces over its whole receive path (the framer, the
+// dispatch, the replay of the peer's moves, chat).
+//
+// An input: byte 0, bit 0: the program joins (else it hosts); bit 1: a deal stands first, the
+// peer leading, so that its moves are replayed. Byte 1: the deal's seed and the local player's
+// choices. Then pieces, each a length byte, a control byte and that many bytes: control bits
+// 0-6 the pause before the piece in steps of 10 ms; bit 7: the local player moves first, if it
+// may. After every piece and at the end, the table keeps its rules, every chat line shown is
+// one the peer sent, and after "Out of Step" the program plays alone.
+#include <algorithm>
+#include <cstdio>
 
-#include "FuzzInput.h"
-#include "NetPhases.h"
-#include "NetSampler.h"
+#include "FuzzTarget.h"
+#include "Policy.h"
+#include "ProgramRig.h"
 #include "SimPlay.h"
 #include "TableInvariants.h"
+#include "net/FrmConnectionStatus.h"
+#include "net/MessageFramer.h"
+#include "platform/Socket.h"
+#include "platform/sim/SimWorld.h"
+#include "shell/FrmSetup.h"
 
 namespace petal::fuzz {
 
 namespace {
 
-constexpr std::uint8_t kLocalMove = 0x20, kLegalFirst = 0x40, kRepeat = 0x80;
-constexpr int kRepeats = 256;
+constexpr int kPort = 4800;
+constexpr std::int64_t kSetUpMs = 5'000;
+constexpr std::int64_t kTailMs = 1'500;  // past the framer's settle pause and the turn driver's ticks
 
-std::int64_t pauseOf(std::uint8_t control) {
-    const int code = control & 0x1F;
-    return code < 8 ? code : (code - 7) * 50;
-}
+class NetTarget : public FuzzTarget {
+public:
+    std::string run(const std::uint8_t* data, std::size_t size) override {
+        SimWorld world;
+        ProgramRig rig(&world);
+        SimHost peerHost(rig.file(""));
+        world.join(peerHost);
+        const std::unique_ptr<Socket> peer = peerHost.createSocket();
+        world_ = &world, rig_ = &rig, peerHost_ = &peerHost, peer_ = peer.get();
+        sent_.clear();
+        joins_ = size > 0 && (data[0] & 1) != 0;
+        const int seed = size > 1 ? data[1] : 0;
+        if (!connect()) return "setting the session up: " + rig.failure();
+        if (size > 0 && (data[0] & 2) != 0 && !deal(seed)) return "dealing: " + rig.failure();
+        sim::Policy policy(true, static_cast<std::uint64_t>(seed));
+        for (std::size_t at = 2; at < size;) {
+            const std::size_t length = data[at++];
+            const std::uint8_t control = at < size ? data[at++] : 0;
+            const std::string bytes(reinterpret_cast<const char*>(data + at), std::min(length, size - at));
+            at += bytes.size();
+            FrmMain& f = rig.f();
+            if ((control & 0x80) && !rig.host().waiting() && sim::canMove(f)) rig.act([&] { sim::localMove(f, policy); });
+            rig.guard([&] { world.advance((control & 0x7F) * 10); });
+            if (std::string broken = check(); !broken.empty()) return broken;
+            send(bytes);
+        }
+        rig.guard([&] { world.advance(kTailMs); });
+        return check();
+    }
 
-int slotOf(const NetRig::Options& o) { return (o.hostSide ? 0 : 4) + (o.tournament ? 2 : 0) + (o.yaku ? 1 : 0); }
+private:
+    bool linked() {
+        const FrmMain& f = rig_->f();
+        return peer_->State() == Socket::sckConnected && f.socketState() == Socket::sckConnected &&
+               (joins_ ? f.m.mConnected : f.g.gConnectState == Socket::sckConnected);
+    }
 
-bool localHandEmpty(const FrmMain& f) {
-    for (const Image& card : f.ctl.imgPCard)
-        if (card.hasPicture()) return false;
-    return true;
-}
+    void send(const std::string& bytes) {
+        if (bytes.empty() || peer_->State() != Socket::sckConnected) return;
+        sent_ += bytes;
+        rig_->guard([&] { world_->act(*peerHost_, [&] { peer_->SendData(bytes); }); });
+    }
 
-// A live deal that nobody can carry on: the peer's turn without its driver, or the local
-// player's turn without a move.
-std::string stuck(NetRig& rig) {
-    FrmMain& f = rig.f();
-    if (!rig.sessionUp() || rig.host().waiting() || f.g.gGameInProgress != 1 || !sim::TableInvariants::dealStands(f))
+    bool connect() {
+        if (!rig_->start()) return false;
+        FrmMain& f = rig_->f();
+        f.net.chatReceived = [this, &f](const std::string& line) {
+            // The framer cuts lines out of the stream; it never makes one up.
+            if (typedLine(sent_).find("CHAT," + line) == std::string::npos) rig_->fail("a chat line that the peer never sent");
+            f.chat.receive(line);
+        };
+        rig_->onForm = [this](Form& form) {
+            if (auto* setup = dynamic_cast<FrmSetup*>(&form)) {
+                setup->selectGame(joins_ ? 2 : 1);
+                setup->setText(setup->txtHostIP, "127.0.0.1");
+                setup->cmdOK_Click();
+            } else if (auto* status = dynamic_cast<FrmConnectionStatus*>(&form)) {
+                rig_->host().waitUntil([status] { return !status->loaded(); });
+            }
+        };
+        peer_->DataArrival = [this](long) { peer_->GetData(); };
+        peer_->ConnectionRequest = [this](long id) { peer_->Close(), peer_->Accept(id); };
+        if (joins_)
+            world_->act(*peerHost_, [this] {
+                peer_->LocalPort = kPort;
+                peer_->Listen();
+            });
+        rig_->act([&f] { f.mnuSetup_Click(); });
+        if (!joins_)
+            world_->act(*peerHost_, [this] {
+                peer_->RemoteHost = "127.0.0.1";
+                peer_->RemotePort = kPort;
+                peer_->Connect();
+            });
+        return rig_->guard([&] { world_->runUntil([this] { return linked(); }, kSetUpMs); }) && linked();
+    }
+
+    // A deal from a seed of the input's, the peer leading: the host deals it, a client hears it.
+    bool deal(int seed) {
+        FrmMain& f = rig_->f();
+        if (joins_) {
+            char message[32];
+            std::snprintf(message, sizeof message, "DEAL,%02d:%02d:00,1", seed % 24, seed * 7 % 60);
+            send(message);
+        } else {
+            rig_->host().setClock(seed % 24, seed * 7 % 60, 0);
+            rig_->act([&f] {
+                f.m.mTurn = 1;
+                f.dealer.imgDeck_Click();
+            });
+        }
+        const auto dealt = [&f] { return f.g.gGameInProgress == 1 && !f.connectionStatus; };
+        return rig_->guard([&] { world_->runUntil(dealt, kSetUpMs); }) && dealt();
+    }
+
+    std::string check() {
+        if (!rig_->failure().empty()) return rig_->failure();
+        const FrmMain& f = rig_->f();
+        if (std::string broken = sim::TableInvariants::check(f); !broken.empty()) return broken;
+        const auto& boxes = rig_->host().shownBoxes();
+        const bool outOfStep =
+            std::any_of(boxes.begin(), boxes.end(), [](const MsgBox& box) { return box.title == "Out of Step"; });
+        if (outOfStep && (f.g.gPlayMode != 0 || f.socketState() != Socket::sckClosed))
+            return "after \"Out of Step\" the program does not play alone";
         return "";
-    if (f.m.mPlayerPlays == 8 && f.m.mCompPlays == 8) return "";
-    if (f.m.mTurn == 1) return f.tmrComputer.Enabled() ? "" : "the peer is on turn but the turn driver has stopped";
-    if (f.tmrComputer.Enabled() || f.tmrFlipTimer.Enabled()) return "";
-    if (!sim::canMove(f)) return "the local player is on turn but may not move";
-    if (!f.ctl.shpFlipCard.Visible && localHandEmpty(f)) return "the local player is on turn with no card to play";
-    return "";
-}
+    }
+
+    SimWorld* world_ = nullptr;
+    ProgramRig* rig_ = nullptr;
+    SimHost* peerHost_ = nullptr;
+    Socket* peer_ = nullptr;
+    std::string sent_;
+    bool joins_ = false;
+};
 
 }  // namespace
 
-NetTarget::NetTarget(std::filesystem::path scratch) : scratch_(std::move(scratch)) {}
-
-NetTarget::~NetTarget() {
-    for (Slot& slot : slots_) retire(slot);
-}
-
-// A program's stack is left by its waits before the rig goes, so that nothing on it is lost.
-void NetTarget::retire(Slot& slot) {
-    if (slot.rig && !slot.rig->spent()) slot.rig->settle();
-    slot.rig.reset();
-    slot.inputs = 0;
-}
-
-NetRig& NetTarget::rigFor(const NetRig::Options& options) {
-    Slot& slot = slots_[slotOf(options)];
-    if (slot.rig && (slot.rig->spent() || slot.inputs >= kInputsPerRig)) retire(slot);
-    if (!slot.rig) {
-        slot.rig = std::make_unique<NetRig>(options, scratch_);
-        ++rigs_;
-    }
-    ++slot.inputs;
-    current_ = &slot;
-    return *slot.rig;
-}
-
-std::string NetTarget::run(const std::uint8_t* data, std::size_t size) {
-    FuzzInput in(data, size);
-    const std::uint8_t head = in.byte();
-    const int variant = in.byte();
-    const auto phase = static_cast<NetPhase>((head >> 1) & 7);
-    NetRig::Options options;
-    options.hostSide = (head & 1) == 0;
-    options.yaku = (head & 0x10) == 0;
-    options.tournament = phase == NetPhase::ScoreCard || (phase != NetPhase::Rematch && (head & 0x20) != 0);
-    NetRig& rig = rigFor(options);
-    ++inputs_;
-    sim::Policy policy(true, static_cast<std::uint64_t>(variant));
-    const std::string where = std::string(options.hostSide ? "host" : "client") + ", " + phaseName(phase) + ": ";
-    if (!NetPhases(rig).reach(phase, variant, policy)) {
-        if (!rig.failure().empty()) return where + "on the way: " + rig.failure();
-        ++unreached_[static_cast<int>(phase)];
-        retire(*current_);
-        return "";
-    }
-    ++reached_[static_cast<int>(phase)];
-    if (const std::string broken = sim::TableInvariants::check(rig.f()); !broken.empty())
-        return where + "before the input: " + broken;
-    rig.peer().forgetSent();
-    const std::size_t boxes = rig.boxesShown();
-    for (int piece = 0; in.remaining() > 0 && piece < kMaxPieces; ++piece)
-        if (const std::string broken = deliver(rig, in, policy); !broken.empty()) return where + broken;
-    rig.runFor(kTailMs);
-    const std::string broken = verdict(rig, boxes);
-    return broken.empty() ? broken : where + broken;
-}
-
-std::string NetTarget::deliver(NetRig& rig, FuzzInput& in, sim::Policy& policy) {
-    const std::size_t length = in.byte();
-    const std::uint8_t control = in.byte();
-    const std::string bytes = in.bytes(length);
-    if (!rig.runFor(pauseOf(control))) return rig.failure();
-    if (const std::string broken = sim::TableInvariants::check(rig.f()); !broken.empty()) return broken;
-    // The local player acts: answers the question or closes the score card that stands, or
-    // makes a move if one is open to it.
-    FrmMain& f = rig.f();
-    if (control & kLocalMove) {
-        if (rig.questionStands() || rig.cardStands()) {
-            rig.holdPrompts(false);
-            if (!rig.act([] {})) return rig.failure();
-        } else if (!rig.host().waiting() && sim::canMove(f) && !rig.act([&] { sim::localMove(f, policy); })) {
-            return rig.failure();
-        }
-    }
-    std::string piece = (control & kLegalFirst) ? rig.legalPeerMessage() + bytes : bytes;
-    if (control & kRepeat) {
-        std::string repeated;
-        repeated.reserve(piece.size() * kRepeats);
-        for (int i = 0; i < kRepeats; ++i) repeated += piece;
-        piece.swap(repeated);
-    }
-    rig.peer().send(piece);
-    return "";
-}
-
-std::string NetTarget::verdict(NetRig& rig, std::size_t boxesBefore) {
-    if (!rig.failure().empty()) return rig.failure();
-    const FrmMain& f = rig.f();
-    if (std::string broken = sim::TableInvariants::check(f); !broken.empty()) return broken;
-    const auto& boxes = rig.host().shownBoxes();
-    bool told = false;
-    for (std::size_t i = boxesBefore; i < boxes.size(); ++i) told = told || boxes[i].title == "Out of Step";
-    // Out of step, the session's game is gone: the program plays alone, and any deal on its
-    // table is one it dealt alone (a rematch that its player had asked for, say).
-    if (told) {
-        ++outOfStep_;
-        if (f.g.gPlayMode != 0 || f.socketState() != 0 || (sim::TableInvariants::dealStands(f) && !rig.lastDealAlone()))
-            return "after \"Out of Step\" the program does not play alone at a table of its own (mode " +
-                   std::to_string(f.g.gPlayMode) + ", socket " + std::to_string(f.socketState()) + ", game " +
-                   std::to_string(f.g.gGameInProgress) + ")";
-    }
-    return stuck(rig);
-}
-
-std::vector<std::uint8_t> NetTarget::sample(SplitMix& random) { return NetSampler(random).input(); }
-
-std::string NetTarget::stats() const {
-    std::string line = std::to_string(inputs_) + " inputs, " + std::to_string(rigs_) + " rigs, " +
-                       std::to_string(outOfStep_) + " out of step; reached/missed:";
-    for (int p = 0; p < kNetPhases; ++p)
-        line += std::string(" ") + phaseName(static_cast<NetPhase>(p)) + " " + std::to_string(reached_[p]) + "/" +
-                std::to_string(unreached_[p]);
-    int sessions = 0;
-    for (const Slot& slot : slots_) sessions += slot.rig ? slot.rig->sessions() : 0;
-    return line + "; sessions of the live rigs " + std::to_string(sessions);
-}
+std::unique_ptr<FuzzTarget> makeNetTarget() { return std::make_unique<NetTarget>(); }
 
 }  // namespace petal::fuzz

@@ -93,17 +93,6 @@ TEST_F(Computer, TheDropTakesTheMostValuableMatchOrOfEqualsTheLowerSlot) {
     }
 }
 
-TEST_F(Computer, WithoutYakuTheDropScoresTheCardsAlone) {
-    f->settings.WriteSettings(0, 10, 0, 0);
-    dealWith({}, {4, 14, 18, 22, 26, 30, 34, 38}, {5, 44, 45, 46, 47, 40, 41, 42});
-    selectAndDrop();
-    EXPECT_EQ(pileIndices(1, 1), std::vector<int>{5});
-    EXPECT_EQ(pileIndices(1, 2), std::vector<int>{4});
-    EXPECT_EQ(f->m.mYakuCards[1], (std::array<int, 8>{})) << "the warbler and the plum ribbon count for no group";
-    EXPECT_FALSE(f->ctl.imgCYaku[21].hasPicture());
-    EXPECT_EQ(f->ctl.panel[1].lblPointsTotal[3].Caption, "15");
-}
-
 TEST_F(Computer, ATurnTakesFourTicksAndHandsBackToThePlayer) {
     dealWith({}, {44, 14, 18, 22, 26, 30, 34, 38}, {45, 0, 1, 2, 3, 4, 5, 6}, {7});
     startOppositeTurn();
@@ -141,18 +130,6 @@ TEST_F(Computer, AClickOnTheTableBeforeTheDropTickLaysTheCardDownOnce) {
     EXPECT_EQ(onTable, 1);
     for (int row = 0; row < 4; ++row) EXPECT_TRUE(pileIndices(1, row).empty()) << "nothing was captured";
     EXPECT_EQ(f->m.mCompPhase, 2) << "the turn goes on to its flip";
-}
-
-TEST_F(Computer, AFlipWithoutAMatchEndsTheTurnAtTheNextTick) {
-    dealWith({}, {44, 14, 18, 22, 26, 30, 34, 38}, {45, 0, 1, 2, 3, 4, 5, 6}, {39});
-    startOppositeTurn();
-    tick();
-    tick();
-    tick();  // the flip lies down after its own half second, inside this tick
-    EXPECT_EQ(f->m.mTurn, 1);
-    tick();
-    EXPECT_EQ(f->m.mTurn, 0);
-    EXPECT_EQ(f->m.mCompPhase, 4);
 }
 
 // A deal that begins while the flip pauses (a restart and a deal, as a peer's DEAL brings them)

@@ -57,27 +57,6 @@ TEST(SeedText, ReadsTwentyFourHourAndTwelveHourTextsAndNothingElse) {
     for (const Case& c : cases) EXPECT_DOUBLE_EQ(seedValue(c.text), c.value) << c.text;
 }
 
-TEST_F(Deal, TheDealFillsHandsTableAndBacks) {
-    f->dealer.imgDeck_Click();
-    const TableModel& c = f->ctl;
-    for (int i = 0; i < 8; ++i) {
-        EXPECT_EQ(tagOf(c.imgPCard[i]), i);
-        EXPECT_EQ(c.imgPCard[i].Picture, f->m.mCards[i].Picture);
-        EXPECT_EQ(c.imgPCard[i].ToolTipText, cardToolTip(f->m.mCards[i]));
-        EXPECT_EQ(tagOf(c.imgTCard[i]), 16 + i);
-        EXPECT_EQ(tagOf(c.imgCCard[i]), 8 + i);
-        EXPECT_EQ(c.imgCCard[i].Picture, pic::CardBack);
-        EXPECT_TRUE(c.imgCCard[i].ToolTipText.empty());
-    }
-    EXPECT_EQ(f->m.mDeckPos, 23);
-    EXPECT_EQ(f->tmrComputer.Interval(), 500);
-    EXPECT_EQ(f->tmrFlipTimer.Interval(), 500);
-    EXPECT_EQ(program->g.gGameInProgress, 1);
-    EXPECT_TRUE(c.panel[0].imgTurn.Visible);
-    EXPECT_FALSE(c.panel[1].imgTurn.Visible);
-    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerDefault);
-}
-
 TEST_F(Deal, ATournamentFollowsTheTurnAsItStands) {
     f->settings.WriteSettings(1, 3, -1, 0);
     f->m.mTurn = 1;
@@ -106,18 +85,6 @@ TEST_F(Deal, TheDeckAsksBeforeAbandoningAGame) {
     EXPECT_EQ(f->ctl.imgPYaku[0].Picture, pic::thumbGrey(0));
 }
 
-// Nothing told a newcomer how to start: the deck's tool tip does while no game runs.
-TEST_F(Deal, TheDecksToolTipSaysHowToStartWhileNoGameRuns) {
-    EXPECT_EQ(f->dealer.deckToolTip(), "Click the deck to deal.");
-    f->dealer.imgDeck_Click();
-    EXPECT_EQ(f->dealer.deckToolTip(), "");
-    host->expectMsgBox("Do you want to quit the game in progress?", "Game In Progress", MsgResult::Yes);
-    f->dealer.imgDeck_Click();
-    EXPECT_EQ(f->dealer.deckToolTip(), "Click the deck to deal.");
-    program->g.gPlayMode = 2;
-    EXPECT_EQ(f->dealer.deckToolTip(), "") << "a client's deck deals nothing";
-}
-
 TEST_F(Deal, AClientsDeckDoesNothing) {
     program->g.gPlayMode = 2;
     f->dealer.imgDeck_Click();
@@ -133,15 +100,6 @@ TEST_F(Deal, NewGameShrinksAGrownTableBackToEightSlots) {
     EXPECT_EQ(f->ctl.imgTCard.size(), 8u);
     EXPECT_EQ(f->ctl.shpTHilite.size(), 8u);
     for (const Image& slot : f->ctl.imgTCard) EXPECT_EQ(slot.Tag, "-1");
-}
-
-TEST_F(Deal, WithoutYakuTheRowsAreHidden) {
-    f->settings.WriteSettings(0, 10, 0, 0);
-    f->dealer.imgDeck_Click();
-    for (int i = 0; i < 24; ++i) {
-        EXPECT_FALSE(f->ctl.imgPYaku[i].Visible);
-        EXPECT_FALSE(f->ctl.imgCYaku[i].Visible);
-    }
 }
 
 }  // namespace

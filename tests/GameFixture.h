@@ -16,6 +16,7 @@
 #include "platform/Form.h"
 #include "shell/Program.h"
 #include "platform/sim/SimHost.h"
+#include "TempFolder.h"
 
 namespace petal {
 // A place of the keys in a failure's message: "Hand 3".
@@ -30,16 +31,7 @@ namespace petal::test {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-// A fresh folder under the system's temporary folder, removed afterwards.
-class TempDir {
-public:
-    TempDir();
-    ~TempDir();
-    const std::filesystem::path& path() const { return path_; }
-
-private:
-    std::filesystem::path path_;
-};
+using TempDir = sim::TempFolder;
 
 // The bytes of a file, or none if it cannot be read.
 std::string fileText(const std::filesystem::path& file);

@@ -119,23 +119,6 @@ TEST_F(HandPlay, AClickOnANonMatchingTableCardDropsACardWithoutMatches) {
     EXPECT_EQ(tagOf(f->ctl.imgTCard[9]), 24);
 }
 
-TEST_F(HandPlay, TheTableGrowsByColumnsOnlyWhenNoSlotIsFree) {
-    dealWith({}, {}, {});
-    TableModel& c = f->ctl;
-    EXPECT_EQ(f->play.AddCardToTable(30), 8);
-    EXPECT_EQ(f->play.AddCardToTable(31), 9);
-    EXPECT_EQ(c.imgTCard[8].Left, 3330);
-    EXPECT_EQ(c.imgTCard[8].Top, c.imgTCard[0].Top);
-    EXPECT_EQ(c.imgTCard[9].Left, 3330);
-    EXPECT_EQ(c.imgTCard[9].Top, c.imgTCard[2].Top);
-    EXPECT_EQ(c.shpTHilite[9].Left, 3360);
-    EXPECT_FALSE(c.shpTHilite[9].Visible);
-    c.imgTCard[3].clearCard();
-    EXPECT_EQ(f->play.AddCardToTable(32), 3) << "a freed slot is used before the table grows";
-    for (int p = 33; p < 39; ++p) f->play.AddCardToTable(p);
-    EXPECT_EQ(c.imgTCard[15].Left, 210 + 780 * 7) << "slots 14 and 15 reach the deck's column";
-}
-
 // A client's hand holds positions 8 to 15: a capture and a drop play the card that the slot's
 // Tag names, not the position equal to the slot.
 TEST_F(HandPlay, AClientPlaysTheCardItsSlotHoldsNotThePositionOfTheSlot) {

@@ -1,23 +1,19 @@
-// The Help menu offscreen on the Qt host: the About box and its hint under a real mouse, F1 and
-// Help → Help opening the help window beside the running game, the help page whole, and a
-// missing help file told in a message box.
+// The Help menu offscreen on the Qt host: F1 and Help → Help opening the help window beside the
+// running game, the help page whole, and a missing help file told in a message box.
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QFile>
-#include <QLabel>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextDocument>
-#include <QWindow>
 #include <filesystem>
 
 #include "TableWindow.h"
 #include "engine/table_view/TableView.h"
 #include "shell/HelpWindow.h"
-#include "shell/SplashDialog.h"
 
 namespace petal::test {
 namespace {
@@ -41,42 +37,6 @@ protected:
         });
     }
 };
-
-TEST_F(HelpAbout, TheAboutHintTurnsBlueUnderTheMouseStaysOnThePicturesAndTheBoxClosesOnAClick) {
-    const QColor blue(0, 0, 255);
-    QColor overHint, overPicture, overCredits;
-    bool closed = false;
-    whenModal([&](QWidget* modal) {
-        auto* about = qobject_cast<SplashDialog*>(modal);
-        ASSERT_NE(about, nullptr);
-        QLabel* hint = about->closeHint();
-        ASSERT_TRUE(hint->isVisible());
-        auto colour = [hint] { return hint->palette().color(QPalette::WindowText); };
-        // Through the window, as the platform delivers them, so that each lands where it points.
-        auto at = [about](QWidget* w) { return w->mapTo(about, w->rect().center()); };
-        QWindow* surface = about->windowHandle();
-        QTest::mouseMove(surface, at(hint));
-        overHint = colour();
-        QLabel* picture = nullptr;
-        for (auto* label : about->findChildren<QLabel*>())
-            if (!label->pixmap().isNull()) picture = label;
-        ASSERT_NE(picture, nullptr);
-        QTest::mouseMove(surface, at(picture));
-        overPicture = colour();
-        QLabel* credit = about->findChild<QFrame*>(QStringLiteral("fraComments"))->findChild<QLabel*>();
-        QTest::mouseMove(surface, at(credit));
-        overCredits = colour();
-        QTest::mouseClick(surface, Qt::LeftButton, {}, at(credit));  // the credits take no click
-        ASSERT_TRUE(about->isVisible());
-        QTest::mouseClick(surface, Qt::LeftButton, {}, at(hint));
-        closed = !about->isVisible();
-    });
-    action("mnuHAbout")->trigger();
-    EXPECT_EQ(overHint, blue);
-    EXPECT_EQ(overPicture, blue);
-    EXPECT_EQ(overCredits, QColor(Qt::black));
-    EXPECT_TRUE(closed);
-}
 
 TEST_F(HelpAbout, F1AndHelpHelpOpenTheHelpWindowBesideTheGame) {
     copyHelpBeside();

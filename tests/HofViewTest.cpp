@@ -18,20 +18,6 @@ protected:
     }
 };
 
-TEST_F(HofView, TheSinglePageShowsItsRowsThenBlanks) {
-    for (int score : {70, 90, 80}) program->hof.AddHallOfFameEntry("N" + std::to_string(score), score, 1, 0, 0);
-    FrmHOF form = open();
-    EXPECT_EQ(form.cells[0][1], "N90");
-    EXPECT_EQ(form.cells[1][1], "11/22/2026");
-    EXPECT_EQ(form.cells[2][3], "70");
-    EXPECT_EQ(form.cells[4][1], "N/A");
-    EXPECT_EQ(form.cells[0][4], " ") << "rows past the table's end are blank";
-    EXPECT_EQ(form.cells[0][0], " PLAYER NAME");
-    EXPECT_TRUE(form.imgSingCaptionVisible);
-    EXPECT_FALSE(form.cmdPrevEnabled);
-    EXPECT_TRUE(form.cmdNextEnabled);
-}
-
 TEST_F(HofView, TheTournamentPageFollowsTheCurrentGameType) {
     program->hof.AddHallOfFameEntry("Tomo", 120, 3, 5, 8);
     struct Case {

@@ -194,23 +194,5 @@ TEST_F(KeptGame, AStatisticsFileThatCannotBeUsedIsToldSetAsideAndANewOneKeepsThe
     }
 }
 
-TEST_F(KeptGame, TheStatisticsCountTheGamesAsTheyEnded) {
-    gamesLeft = 4;
-    start(dir.path());
-    play(1000);
-    ASSERT_EQ(ended.size(), 4u);
-    start(dir.path());  // read by the next run
-    const std::vector<GameResult> games = f->stats.games();
-    ASSERT_EQ(games.size(), 4u);
-    int won = 0;
-    for (std::size_t i = 0; i < games.size(); ++i) {
-        EXPECT_EQ(std::make_pair(games[i].score, games[i].against), ended[i]);
-        EXPECT_EQ(games[i].kind, 0);
-        EXPECT_EQ(games[i].opponent, "standard");
-        won += ended[i].first > ended[i].second ? 1 : 0;
-    }
-    EXPECT_EQ(StatsFigures::of(games, 0, "standard").won, won);
-}
-
 }  // namespace
 }  // namespace petal::test

@@ -1,8 +1,11 @@
 // The end of a deal: the wild card's claim, the banners and Hall of Fame offers, the next
 // starter, and whole deals and tournaments played to their end on the simulated host.
+
 #include <fstream>
 
 #include "GameFixture.h"
+#include "Policy.h"
+#include "SimPlay.h"
 #include "records/FrmHOFWinner.h"
 #include "scoring/FrmScoreCard.h"
 
@@ -13,30 +16,11 @@ class MatchEnd : public GameFixture {
 protected:
     void SetUp() override { start(); }
 
-    // One move of the local player by the lowest slots; false when it is not on turn.
-    bool playLocalMove() {
-        if (f->m.mTurn != 0 || f->tmrComputer.Enabled() || program->g.gGameInProgress != 1) return false;
-        if (f->ctl.shpFlipCard.Visible) {
-            f->play.imgTCard_Click(framedSlots().front());
-            return true;
-        }
-        if (f->MousePointer() == FrmMain::kPointerHourglass || f->m.mPlayerFlipped != 0) return false;
-        for (int i = 0; i < 8; ++i) {
-            if (!f->ctl.imgPCard[i].hasPicture()) continue;
-            f->play.imgPCard_Click(i);
-            const auto framed = framedSlots();
-            if (framed.empty())
-                f->play.imgTable_Click();
-            else
-                f->play.imgTCard_Click(framed.front());
-            return true;
-        }
-        return false;
-    }
     // Plays until `deals` deals have ended or the program ends.
     void playDeals(int deals) {
+        sim::Policy lowest(false, 0);
         while (!host->ending() && ended < deals) {
-            if (!playLocalMove()) {
+            if (!sim::localMove(*f, lowest)) {
                 ASSERT_TRUE(host->step()) << "nothing left to run";
             }
         }
@@ -146,37 +130,6 @@ TEST_F(MatchEnd, AHallOfFameThatCannotBeReadIsToldOnceAndTheGamesGoOn) {
     EXPECT_EQ(told.title, "Hall of Fame");
     EXPECT_THAT(told.text, HasSubstr("cannot be opened: file is not a database"));
     EXPECT_EQ(program->g.gGameInProgress, 1);
-}
-
-TEST_F(MatchEnd, AWholeDealRunsTickByTickWithEitherSideLeading) {
-    f->events = &counter;
-    for (int lead : {0, 1}) {
-        f->settings.WriteSettings(1, 2, -1, 0);  // a tournament keeps who leads
-        f->m.mTurn = lead;
-        ended = 0;
-        int cardsInPlay = 0, deckPos = 0;
-        host->onForm = [&](Form& form) {
-            // The score card of the round: everything dealt to the table or played lies in a
-            // pile or on the table.
-            deckPos = f->m.mDeckPos;
-            cardsInPlay = 0;
-            for (const ScorePanel& p : f->ctl.panel)
-                for (const auto& row : p.piles)
-                    for (const Image& card : row) cardsInPlay += card.hasPicture() ? 1 : 0;
-            for (const Image& slot : f->ctl.imgTCard) cardsInPlay += slot.hasPicture() ? 1 : 0;
-            form.Unload();
-        };
-        f->dealer.imgDeck_Click();
-        EXPECT_EQ(f->tmrComputer.Enabled(), lead == 1);
-        const auto begun = host->now();
-        playDeals(1);
-        EXPECT_EQ(ended, 1);
-        EXPECT_EQ(deckPos, 39);
-        EXPECT_EQ(cardsInPlay, 40);
-        EXPECT_GE(host->now() - begun, 8 * 2000) << "eight opposite turns of four ticks";
-        host->expectMsgBox("Do you want to quit the game in progress?", "Game In Progress", MsgResult::Yes);
-        f->dealer.imgDeck_Click();
-    }
 }
 
 TEST_F(MatchEnd, TheOppositeSidesClaimCanCompleteAYakuThatScoresWithoutBeingCounted) {

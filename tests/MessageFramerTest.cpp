@@ -115,21 +115,5 @@ TEST(MessageFramer, HoldsAnOpenEndUntilTheStreamSettlesAndBoundsWhatItHolds) {
     EXPECT_EQ(result, Result::Overflow);
 }
 
-TEST(WireMessage, ReadsFieldsAtEveryCommaEmptyOnesAndTheEndsIncluded) {
-    const WireMessage chat{"CHAT,,a,,b,"};
-    EXPECT_EQ(chat.field(0), "CHAT");
-    EXPECT_EQ(chat.findField(1), "");
-    EXPECT_EQ(chat.field(2), "a");
-    EXPECT_EQ(chat.findField(3), "");
-    EXPECT_EQ(chat.field(4), "b");
-    EXPECT_EQ(chat.findField(5), "") << "an empty last field is there";
-    EXPECT_FALSE(chat.findField(6));
-    EXPECT_EQ(chat.field(6), "");
-    const WireMessage bare{"QUIT"};
-    EXPECT_EQ(bare.field(0), "QUIT");
-    EXPECT_FALSE(bare.findField(1));
-    EXPECT_EQ(bare.field(1), "");
-}
-
 }  // namespace
 }  // namespace petal::test

@@ -67,12 +67,8 @@ TEST_P(PeerLost, TheSurvivorIsToldAndPlaysAlone) {
     FrmMain& s = survivor.f();
     EXPECT_TRUE(survivor.shown(loss.hostSurvives ? "Your opponent has just terminated the network connection."
                                                  : "Your host has just terminated the network connection."));
-    EXPECT_EQ(s.Caption, "Petalgarden");
     EXPECT_EQ(s.socketState(), 0);
-    EXPECT_EQ(s.connectionStatus, nullptr);
     EXPECT_EQ(s.scoreCard, nullptr);
-    EXPECT_FALSE(s.menu.mnuVChat.Enabled);
-    EXPECT_FALSE(s.tmrWinsockState.Enabled());
     if (loss.phase != Phase::RematchQuestion) {
         EXPECT_EQ(s.g.gGameInProgress, 0);
         EXPECT_FALSE(s.ctl.imgFlipCard.hasPicture());

@@ -33,25 +33,5 @@ TEST(NetRun, WholeGamesMirrorEvenWhenTheNetworkFails) {
     }
 }
 
-TEST(NetRun, TheHostsTraceIsThePlayFormatWithTheClientAsSideOne) {
-    std::ostringstream out, err;
-    ASSERT_EQ(sim::net({.deals = 1, .trace = true}, out, err), 0) << err.str();
-    std::istringstream lines(out.str());
-    std::string line, last;
-    int deals = 0, moves[2] = {0, 0}, ends = 0;
-    while (std::getline(lines, line)) {
-        last = line;
-        deals += line.rfind("{\"ev\":\"deal\"", 0) == 0;
-        moves[0] += line.find("\"ev\":\"move\",\"side\":0") != std::string::npos;
-        moves[1] += line.find("\"ev\":\"move\",\"side\":1") != std::string::npos;
-        ends += line.rfind("{\"ev\":\"end\"", 0) == 0;
-    }
-    EXPECT_EQ(deals, 1);
-    EXPECT_EQ(moves[0], 16) << "eight hand cards and eight flips";
-    EXPECT_EQ(moves[1], 16);
-    EXPECT_EQ(ends, 1);
-    EXPECT_EQ(last.rfind("{\"ev\":\"summary\",\"deals\":1,\"mismatches\":0,\"faults\":0,", 0), 0u) << last;
-}
-
 }  // namespace
 }  // namespace petal::test

@@ -17,6 +17,7 @@
 #include <thread>
 
 #include "GameFixture.h"
+#include "TempFolder.h"
 #include "records/SavedGame.h"
 #include "records/Statistics.h"
 
@@ -82,22 +83,8 @@ private:
 };
 
 // A memory-backed folder where there is one: the test is of kills, not of the disk's speed.
-struct KillFolder {
-    KillFolder() {
-        std::error_code ec;
-        const std::filesystem::path shm = "/dev/shm";
-        std::string pattern = ((std::filesystem::is_directory(shm, ec) && ::access("/dev/shm", W_OK) == 0)
-                                   ? shm
-                                   : std::filesystem::temp_directory_path()) /
-                              "petal-kill-XXXXXX";
-        if (!::mkdtemp(pattern.data())) throw std::runtime_error("mkdtemp failed");
-        path = pattern;
-    }
-    ~KillFolder() {
-        std::error_code ec;
-        std::filesystem::remove_all(path, ec);
-    }
-    std::filesystem::path path;
+struct KillFolder : sim::TempFolder {
+    KillFolder() : sim::TempFolder(::access("/dev/shm", W_OK) == 0 ? "/dev/shm" : std::filesystem::temp_directory_path()) {}
 };
 
 std::pair<long, std::string> numbered(const std::string& line, std::size_t skip) {
@@ -116,7 +103,7 @@ TEST(ResumeKill, EveryStartShowsTheLastSavedMoveAndTheGameEndsAsUnbroken) {
         std::string end;
         {
             std::vector<std::string> args = game;
-            args.insert(args.end(), {"--folder", unbroken.path.string()});
+            args.insert(args.end(), {"--folder", unbroken.path().string()});
             Player p(args);
             while (const auto l = p.line()) {
                 if (l->rfind("move ", 0) == 0) tables.insert(numbered(*l, 5));
@@ -126,13 +113,13 @@ TEST(ResumeKill, EveryStartShowsTheLastSavedMoveAndTheGameEndsAsUnbroken) {
             ASSERT_FALSE(end.empty());
         }
         std::vector<std::string> args = game;
-        args.insert(args.end(), {"--folder", killed.path.string(), "--dwell", "3"});
+        args.insert(args.end(), {"--folder", killed.path().string(), "--dwell", "3"});
         long last = 0;  // the last move a killed process was seen to save
         for (int start = 0; start < 200; ++start) {
             // A game whose save is gone after its moves has ended.
-            if (last > 0 && !std::filesystem::exists(killed.path / SavedGame::kFileName)) break;
+            if (last > 0 && !std::filesystem::exists(killed.path() / SavedGame::kFileName)) break;
             // A write cut off by the kill leaves its temporary file beside the save.
-            inWrites += std::filesystem::exists(killed.path / (std::string(SavedGame::kFileName) + ".tmp")) ? 1 : 0;
+            inWrites += std::filesystem::exists(killed.path() / (std::string(SavedGame::kFileName) + ".tmp")) ? 1 : 0;
             Player p(args);
             const int lines = std::uniform_int_distribution<int>(1, 8)(random);
             bool firstTable = true, killedIt = false;
@@ -170,7 +157,7 @@ TEST(ResumeKill, EveryStartShowsTheLastSavedMoveAndTheGameEndsAsUnbroken) {
         }
         ++games;
         // The statistics hold the game once, with its unbroken result.
-        SimHost host(killed.path);
+        SimHost host(killed.path());
         Statistics stats(host);
         const std::vector<GameResult> games = stats.games();
         ASSERT_EQ(games.size(), 1u) << "chain " << chain;

@@ -22,29 +22,6 @@ protected:
     }
 };
 
-TEST_F(ScoreCard, TheFormGrowsWithTheRounds) {
-    for (int rounds : {2, 20}) {
-        f->settings.WriteSettings(1, rounds, -1, 0);
-        FrmScoreCard card = open();
-        EXPECT_EQ(card.grid.size(), static_cast<std::size_t>(rounds + 2));
-        EXPECT_EQ(card.gridHeight, (rounds + 2) * 300 + 105);
-        EXPECT_GT(card.formHeight, card.buttonStripTop);
-        EXPECT_EQ(card.grid[rounds][0].text, std::to_string(rounds));
-    }
-}
-
-TEST_F(ScoreCard, WithNoGameRunningOnlyHeadsAndRoundNumbersShow) {
-    FrmScoreCard card = open();
-    EXPECT_EQ(card.grid[0][2].text, "Computer");
-    EXPECT_TRUE(card.grid[0][1].bold);
-    EXPECT_EQ(card.grid[0][1].alignment, 4);
-    EXPECT_EQ(card.grid[1][1].text, "");
-    EXPECT_EQ(card.grid[4][0].text, "Total");
-    EXPECT_EQ(card.grid[4][0].alignment, 7);
-    EXPECT_EQ(card.grid[4][1].backColor, 0xC0C0C0u);
-    EXPECT_EQ(card.lblFormCaption, "Tournament Score Card");
-}
-
 TEST_F(ScoreCard, DuringATournamentTheScoresSoFarAndZerosToCome) {
     program->g.gGameInProgress = 1;
     program->g.dimRoundScores(3);

@@ -85,21 +85,6 @@ TEST_F(Settings, MissingNumbersReadAsZeroAndByteOrderMarksAreRead) {
     }
 }
 
-TEST_F(Settings, WriteSettingsWritesAsGivenAndSetsTheCaptionByPlayMode) {
-    start();
-    struct Case {
-        int mode;
-        std::string caption;
-    };
-    for (const Case& c : {Case{1, "Petalgarden (Server)"}, Case{2, "Petalgarden (Client)"}, Case{7, "Petalgarden (Client)"},
-                          Case{0, "Petalgarden"}}) {
-        f->settings.WriteSettings(1, 20, 1, c.mode);
-        EXPECT_EQ(f->Caption, c.caption);
-        EXPECT_EQ(readFile(), "1\r\n20\r\n1\r\n" + std::to_string(c.mode) + "\r\n");
-    }
-    EXPECT_TRUE(program->g.gUseYaku);
-}
-
 // A file that cannot be read used to end the program after one OK, at every start, until it was
 // mended by hand. Close still ends it so; Restore Defaults keeps the file aside, never over an
 // earlier one, and the game goes on with the defaults.
@@ -227,15 +212,6 @@ TEST_F(Settings, AFileWithUnplayableValuesCanBePlayedAndRepairedInSetup) {
     runHandler(*host, [this] { f->mnuSetup_Click(); });
     EXPECT_FALSE(host->ending());
     EXPECT_EQ(readFile(), "0\r\n5\r\n-1\r\n0\r\n");
-}
-
-TEST_F(Settings, AFileThatCannotBeCreatedEndsTheProgramInOrder) {
-    // A folder where the temporary file would go makes the creation fail, even for root.
-    std::filesystem::create_directory(dir.path() / "GARDENIA.ini.tmp");
-    startGuarded();
-    EXPECT_TRUE(host->ending());
-    EXPECT_THAT(failure.text, HasSubstr("cannot be created"));
-    EXPECT_FALSE(std::filesystem::exists(file()));
 }
 
 // Our own options beside the settings file: lines it cannot use keep their defaults, keys of a

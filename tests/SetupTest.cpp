@@ -20,19 +20,6 @@ protected:
     std::string settingsFile() const { return fileText(dir.path() / "GARDENIA.ini"); }
 };
 
-TEST_F(Setup, TheDialogOpensFromTheGlobalsWithItsBuiltState) {
-    openSetup([](FrmSetup& d) {
-        EXPECT_EQ(d.optGameType, (std::array<bool, 2>{true, false}));
-        EXPECT_FALSE(d.txtRounds.Enabled);
-        EXPECT_EQ(d.txtRounds.BackColor, FrmSetup::kButtonFace);
-        EXPECT_EQ(d.txtRounds.Text, "10");
-        EXPECT_EQ(d.chkUseYaku, 1);
-        EXPECT_FALSE(d.txtHostIP.Enabled);
-        d.cmdCancel_Click();
-    });
-    EXPECT_TRUE(program->g.gSetupCancelled);
-}
-
 TEST_F(Setup, TournamentRoundsMustLieFromTwoToTwenty) {
     struct Case {
         const char* rounds;
@@ -85,18 +72,6 @@ TEST_F(Setup, JoiningATournamentNeedsAHostAddressButASingleGameDoesNot) {
     EXPECT_TRUE(f->tmrWinsockState.Enabled());
 }
 
-TEST_F(Setup, BothFailingShowsOnlyTheRoundsMessage) {
-    openSetup([&](FrmSetup& d) {
-        d.selectGameType(1);
-        d.setText(d.txtRounds, "99");
-        d.selectGame(2);
-        host->expectMsgBox("Rounds cannot be less than 2 or greater than 20.", "Invalid Rounds Value", MsgResult::OK);
-        d.cmdOK_Click();
-        d.cmdCancel_Click();
-    });
-    EXPECT_EQ(host->shownBoxes().size(), 1u);
-}
-
 TEST_F(Setup, RoundsAreCheckedOnlyForATournament) {
     openSetup([](FrmSetup& d) {
         d.selectGameType(1);
@@ -107,20 +82,6 @@ TEST_F(Setup, RoundsAreCheckedOnlyForATournament) {
     });
     EXPECT_EQ(settingsFile(), "0\r\n50\r\n-1\r\n0\r\n");
     EXPECT_FALSE(f->menu.mnuVScore.Enabled);
-}
-
-// A rounds value of the file is shown whole, and host mode shows an empty address.
-TEST_F(Setup, TheDialogOpensFromTheStoredValues) {
-    f->settings.WriteSettings(1, 100, -1, 1);
-    program->g.gHostIP = "198.51.100.7";
-    openSetup([](FrmSetup& d) {
-        EXPECT_EQ(d.txtRounds.Text, "100") << "the two-character limit holds for typing only";
-        d.setText(d.txtRounds, "123");
-        EXPECT_EQ(d.txtRounds.Text, "12");
-        EXPECT_EQ(d.txtHostIP.Text, "");
-        d.cmdCancel_Click();
-    });
-    EXPECT_EQ(program->g.gHostIP, "");
 }
 
 TEST_F(Setup, OnlyDigitsAndBackspaceAreTyped) {

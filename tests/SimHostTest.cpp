@@ -1,5 +1,5 @@
 // The simulated host: timers in order of due time, no tick inside its own previous tick,
-// waits that run time forward, and prompts answered by a script.
+// and a posted call that runs next.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -45,42 +45,6 @@ TEST(SimHost, APostedCallRunsNextWithoutTimePassing) {
     EXPECT_TRUE(log.empty()) << "not on the caller's stack";
     host.advance(50);
     EXPECT_EQ(log, (std::vector<std::string>{"posted@50", "timer@100"}));
-}
-
-TEST(SimHost, AWaitWithNothingScheduledIsAFailure) {
-    SimHost host("/tmp");
-    EXPECT_THROW(host.waitUntil([] { return false; }), UnexpectedPrompt);
-}
-
-TEST(SimHost, ScriptedAnswersMustMatchTheBoxesShown) {
-    SimHost host("/tmp");
-    host.expectMsgBox("Are you sure?", "Quit Petalgardn", MsgResult::No);
-    EXPECT_EQ(host.msgBox({"Are you sure?", "Quit Petalgardn", MsgIcon::Question, MsgButtons::YesNo}), MsgResult::No);
-    EXPECT_THROW(host.msgBox({"Anything", "Else"}), UnexpectedPrompt);
-    host.expectMsgBox("Expected", "Title", MsgResult::Yes);
-    EXPECT_THROW(host.msgBox({"Other", "Title"}), UnexpectedPrompt);
-}
-
-TEST(SimHost, UnexpectedAndUnclosedFormsAreFailures) {
-    struct Plain : Form {
-        const char* formName() const override { return "frmPlain"; }
-    } form;
-    SimHost host("/tmp");
-    EXPECT_THROW(host.showModal(form), UnexpectedPrompt);
-    host.onForm = [](Form&) {};
-    EXPECT_THROW(host.showModal(form), UnexpectedPrompt);
-    host.onForm = [](Form& shown) { shown.Unload(); };
-    EXPECT_NO_THROW(host.showModal(form));
-    EXPECT_FALSE(form.loaded());
-}
-
-TEST(SimHost, TheClockFollowsVirtualTime) {
-    SimHost host("/tmp");
-    host.setClock(23, 59, 58);
-    host.advance(2500);
-    EXPECT_EQ(host.timeText(), "00:00:00");
-    host.setDate(1999, 12, 31);
-    EXPECT_EQ(host.dateText(), "12/31/1999");
 }
 
 }  // namespace

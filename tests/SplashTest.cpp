@@ -1,5 +1,5 @@
-// The splash's two lives on virtual time: the greeting that shows the main form and leaves at
-// its third tick or at a key, and the About box that stays while the game's timers go on.
+// The splash's two lives on virtual time: the greeting that leaves early at a key, and the
+// About box that stays while the game's timers go on.
 #include "GameFixture.h"
 #include "shell/FrmSplash.h"
 
@@ -16,24 +16,6 @@ protected:
         program->Main();
     }
 };
-
-TEST_F(Splash, TheGreetingStandsOverTheLoadedTableAndLeavesAtItsThirdTick) {
-    std::int64_t leftAt = -1;
-    startWith([&](FrmSplash& splash) {
-        EXPECT_TRUE(host->mainFormShown());
-        EXPECT_EQ(f->Caption, "Petalgarden");  // the main form loaded inside the splash's load
-        EXPECT_TRUE(program->hof.isOpen());
-        EXPECT_FALSE(splash.lblCloseSplash.Visible);
-        EXPECT_EQ(splash.lblVersion.Caption, PETAL_VERSION);
-        EXPECT_EQ(splash.lblPlatform.Caption, "designed for Windows'98");
-        host->advance(2999);
-        EXPECT_TRUE(splash.loaded()) << "gone before its third tick";
-        EXPECT_EQ(splash.mTickCount, 2);
-        host->advance(1);
-        if (!splash.loaded()) leftAt = host->now();
-    });
-    EXPECT_EQ(leftAt, 3000);
-}
 
 TEST_F(Splash, AKeyEndsTheGreetingEarlyAndNoTickComesAfterIt) {
     startWith([&](FrmSplash& splash) {

@@ -1,4 +1,4 @@
-// Start-up state, the menus as the settings leave them, and the paths of closing the window.
+// The paths of closing the window.
 #include "GameFixture.h"
 
 namespace petal::test {
@@ -8,27 +8,6 @@ class Startup : public GameFixture {
 protected:
     void SetUp() override { start(); }
 };
-
-TEST_F(Startup, TheTableStandsEmptyWithItsStartingPictures) {
-    EXPECT_EQ(program->g.gGameInProgress, 0);
-    EXPECT_EQ(program->g.gYakuCodes[0], "11");
-    EXPECT_EQ(program->g.gYakuCodes[23], "83");
-    EXPECT_EQ(f->m.mHiliteColor[0], 0xFF0000u);
-    EXPECT_EQ(f->m.mHiliteColor[1], 0x0000FFu);
-    EXPECT_EQ(f->m.mCardBack, pic::CardBack);
-    for (int i = 0; i < 8; ++i) {
-        EXPECT_EQ(f->ctl.imgCCard[i].Picture, pic::CardBack);
-        EXPECT_FALSE(f->ctl.imgPCard[i].hasPicture());
-        EXPECT_FALSE(f->ctl.imgTCard[i].hasPicture());
-    }
-    EXPECT_EQ(f->ctl.imgPYaku[5].Picture, pic::thumbGrey(5));
-    EXPECT_FALSE(f->ctl.panel[0].imgTurn.Visible);
-    EXPECT_FALSE(f->ctl.panel[1].imgTurn.Visible);
-    EXPECT_FALSE(f->menu.mnuVScore.Enabled);  // a single game by default
-    EXPECT_FALSE(f->menu.mnuVChat.Enabled);
-    EXPECT_TRUE(f->menu.mnuSetup.Enabled);
-    EXPECT_EQ(f->helpFile, (dir.path() / "PetalgardenHelp.html").string());
-}
 
 TEST_F(Startup, ClosingWithoutAGameEndsAtOnceWithoutAQuestion) {
     f->mnuExit_Click();
@@ -68,19 +47,6 @@ TEST_F(Startup, YesClosesTheHallOfFameAndEndsTheProgram) {
     f->mnuExit_Click();
     EXPECT_TRUE(host->ending());
     EXPECT_FALSE(program->hof.isOpen());
-}
-
-TEST_F(Startup, MovingTheMouseTakesAwayOnlyTheHand) {
-    dealWith({}, {}, {});
-    f->yaku.imgPYaku_MouseMove(0);
-    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerHand);
-    f->Picture1_MouseMove();
-    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerDefault);
-    f->setMousePointer(FrmMain::kPointerHourglass);
-    f->yaku.imgPYaku_MouseMove(0);  // the hand never replaces the hourglass
-    f->imgPCard_MouseMove();
-    f->Form_MouseMove();
-    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerHourglass);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The table by keys on the simulated host: a whole deal played with keys alone, the game's
+// The table by keys on the simulated host: a whole deal played with Enter alone, the game's
 // guards holding for keys as for clicks, and where the mark goes.
 #include "GameFixture.h"
 #include "engine/table_view/TableKeys.h"
@@ -31,11 +31,6 @@ protected:
     }
     // Two hand cards, the first with two pine matches on the table.
     void dealPines() { dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain, kPineRibbon}); }
-    int lastHandSlot() const {
-        for (int i = 7; i >= 0; --i)
-            if (f->ctl.imgPCard[i].Visible && f->ctl.imgPCard[i].hasPicture()) return i;
-        return -1;
-    }
 
     struct Counter : GameEvents {
         int ended = 0;
@@ -43,53 +38,6 @@ protected:
     } counter;
     std::unique_ptr<TableKeys> keys;
 };
-
-// The player's half of each turn by keys: a digit chooses the last card of the hand; with
-// frames, End and Left reach the last framed table card, else Home reaches the table top; a
-// flipped card that waits is taken where the mark has gone by itself.
-TEST_F(TableKeysTest, AWholeDealIsPlayedByKeysAlone) {
-    playOn();
-    press(Key::Use);
-    EXPECT_EQ(program->g.gGameInProgress, 0) << "the first key only shows the mark";
-    EXPECT_TRUE(keys->markShown());
-    EXPECT_EQ(at(), (Place{Kind::Deck, 0}));
-    press(Key::Use);
-    ASSERT_EQ(program->g.gGameInProgress, 1);
-    EXPECT_EQ(at().kind, Kind::Hand) << "after the deal the mark goes to the hand";
-
-    int moves = 0;
-    for (int guard = 0; counter.ended == 0 && guard < 10'000; ++guard) {
-        if (!localMayAct()) {
-            ASSERT_TRUE(host->step()) << "nothing left to run";
-            continue;
-        }
-        if (f->ctl.shpFlipCard.Visible) {
-            ASSERT_EQ(at().kind, Kind::Table) << "the mark waits on a framed card";
-            ASSERT_TRUE(f->ctl.shpTHilite[at().index].Visible);
-            press(Key::Use);
-            ASSERT_FALSE(f->ctl.shpFlipCard.Visible);
-            continue;
-        }
-        const int slot = lastHandSlot();
-        ASSERT_GE(slot, 0);
-        press(Key::Card, slot);
-        ASSERT_EQ(f->ctl.shpPHilite.Tag, std::to_string(slot));
-        if (framedSlots().empty()) {
-            press(Key::First);
-            ASSERT_EQ(at(), (Place{Kind::TableTop, 0}));
-        } else {
-            press(Key::Last);
-            ASSERT_EQ(at(), (Place{Kind::Deck, 0}));
-            press(Key::Left);
-            ASSERT_EQ(at().kind, Kind::Table);
-        }
-        press(Key::Use);
-        ASSERT_FALSE(f->ctl.imgPCard[slot].hasPicture()) << "the card left the hand";
-        ++moves;
-    }
-    EXPECT_EQ(counter.ended, 1);
-    EXPECT_EQ(moves, 8);
-}
 
 // Enter alone: the mark always goes on to where the game waits, so a deal never stalls.
 TEST_F(TableKeysTest, EnterAloneFollowsTheGameThroughAWholeDeal) {

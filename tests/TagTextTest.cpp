@@ -43,16 +43,5 @@ TEST(TagText, TextsThatOnlyReadAsNumbersKeepTheirText) {
     EXPECT_EQ(TagText("x").value(), 0);
 }
 
-TEST(TagText, ANumberReplacesAnEarlierText) {
-    TagText tag = "x";
-    tag = 42;
-    EXPECT_EQ(tag.text(), "42");
-    EXPECT_EQ(tag, TagText("42"));
-    EXPECT_EQ("CARD," + tag + ",3", "CARD,42,3");
-    tag = "y";
-    EXPECT_EQ(tag.value(), 0);
-    EXPECT_EQ(tag, "y");
-}
-
 }  // namespace
 }  // namespace petal

@@ -81,11 +81,4 @@ bool listening(int port, std::chrono::milliseconds limit) {
     return false;
 }
 
-long residentKiB(pid_t pid) {
-    std::ifstream status("/proc/" + std::to_string(pid) + "/status");
-    for (std::string line; std::getline(status, line);)
-        if (line.rfind("VmRSS:", 0) == 0) return std::stol(line.substr(6));
-    return 0;
-}
-
 }  // namespace petal::test

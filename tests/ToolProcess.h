@@ -24,7 +24,5 @@ int finishTool(pid_t pid, std::chrono::milliseconds limit);
 // Waits until something listens on the port (read from the kernel's tables, without
 // connecting, since a connection is itself an event for the listener).
 bool listening(int port, std::chrono::milliseconds limit);
-// The resident memory of a process in KiB, 0 if it is gone.
-long residentKiB(pid_t pid);
 
 }  // namespace petal::test

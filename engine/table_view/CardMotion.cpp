@@ -97,6 +97,11 @@ void CardMotion::follow(const std::vector<Place>& now, qint64 at, bool newDeal, 
         return newDeal || std::any_of(started.begin(), started.end(), [&](const Flight& s) { return s.to.face == f.to.face; }) ||
                std::none_of(now.begin(), now.end(), [&](const Place& p) { return p.face == f.to.face; });
     });
+    // A pile row that grows moves its cards in memory: a flight keeps to its card's control as
+    // the table holds it now.
+    for (Flight& f : flights_)
+        for (const Place& p : now)
+            if (p.face == f.to.face) f.to.control = p.control;
     flights_.insert(flights_.end(), started.begin(), started.end());
     last_ = now;
 }
