@@ -20,7 +20,9 @@ struct TwinPlan {
     std::vector<std::string> again, reconnect, restart, cards;
     int restartAfter = -1;  // the host clicks the deck after this many of its moves
     int quitAfter = -1;     // the user closes the program after this many of its moves
-    int patienceMs = 8000;  // a wait for the peer that stands longer is cancelled
+    // A wait for the peer that stands longer is cancelled: well beyond what fourteen sanitized
+    // copies on two loaded cores take to answer, so that only a peer that never answers meets it.
+    int patienceMs = 20000;
     bool chat = false;
 };
 
