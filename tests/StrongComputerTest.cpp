@@ -49,9 +49,9 @@ TEST_F(Strong, TheChoiceDependsOnlyOnWhatTheSideSees) {
     }
 }
 
-// A single game the strong computer plays to win the deal, not for the larger mean; in the last
-// deal of a tournament only whether it wins the tournament, so it gambles when behind and plays
-// safe when ahead, where the difference would have it do otherwise.
+// Per deal the strong computer weighs the difference of the totals; in the last deal of a
+// tournament only whether it wins the tournament, so it gambles when behind and plays safe when
+// ahead, where the difference would have it do otherwise.
 TEST(StrongSearch, InTheLastDealOfATournamentItPlaysToWinTheTournament) {
     struct Case {
         const char* rule;
@@ -66,7 +66,7 @@ TEST(StrongSearch, InTheLastDealOfATournamentItPlaysToWinTheTournament) {
     early.lead = -40;
     early.dealsAfter = 3;
     const Case cases[] = {
-        {"a single game: the surer win over the larger mean", single, {5, 5}, {60, -10}, false},
+        {"a single game: the better mean", single, {20, 20}, {45, -60}, false},
         {"behind by 40: only a win counts", behind, {20, 20}, {45, -60}, true},
         {"ahead by 30: a certain win", ahead, {0, 0}, {100, -40}, false},
         {"deals to come: the mean still leads", early, {20, 20}, {45, -60}, false},
