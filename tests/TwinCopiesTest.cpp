@@ -134,10 +134,27 @@ TEST(TwinCopies, EverySessionEndsInADesignedState) {
         ASSERT_TRUE(listening(ports[&s], std::chrono::seconds(30))) << s.name << ": the host listens";
         copies.push_back(run.start(s, "client", ports[&s], s.client));
     }
-    // Every copy ends within the limit; a rejoining client comes once the first has gone.
+    // Every copy ends within the limit; a rejoining client comes once the first has gone and the
+    // host has answered that it waits again (before that, a join is refused, as it would be).
     const auto until = std::chrono::steady_clock::now() + std::chrono::seconds(90);
+    std::vector<const Session*> rejoining;
+    const auto hostWaitsAgain = [&](const Session* s) {
+        for (const Copy& copy : copies)
+            if (copy.session == s && copy.role == "host")
+                for (const std::string& line : lines(copy.folder / "twin.log"))
+                    if (line.rfind("answer reconnect#", 0) == 0) return listening(ports[s], std::chrono::seconds(5));
+        return false;
+    };
     for (bool running = true; running;) {
-        running = false;
+        if (std::chrono::steady_clock::now() > until) rejoining.clear();  // its host never waited again
+        running = !rejoining.empty();
+        for (auto s = rejoining.begin(); s != rejoining.end();)
+            if (hostWaitsAgain(*s)) {
+                copies.push_back(run.start(**s, "rejoin", ports[*s], (*s)->rejoin));
+                s = rejoining.erase(s);
+            } else {
+                ++s;
+            }
         for (std::size_t i = 0; i < copies.size(); ++i) {
             Copy& copy = copies[i];
             if (copy.status != -2) continue;
@@ -145,8 +162,7 @@ TEST(TwinCopies, EverySessionEndsInADesignedState) {
             if (::waitpid(copy.pid, &status, WNOHANG) == copy.pid) {
                 copy.status = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
                 const Session& s = *copy.session;
-                if (copy.role == "client" && !s.rejoin.empty())
-                    copies.push_back(run.start(s, "rejoin", ports[&s], s.rejoin));
+                if (copy.role == "client" && !s.rejoin.empty()) rejoining.push_back(&s);
             } else if (std::chrono::steady_clock::now() > until) {
                 ::kill(copy.pid, SIGKILL);
                 ::waitpid(copy.pid, &status, 0);
