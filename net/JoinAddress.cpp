@@ -1,5 +1,7 @@
 #include "net/JoinAddress.h"
 
+#include <arpa/inet.h>
+
 #include <algorithm>
 
 namespace petal {
@@ -14,6 +16,40 @@ std::optional<int> portOf(std::string_view digits) {
     const int port = std::stoi(std::string(digits));
     if (port < 1 || port > 65535) return std::nullopt;
     return port;
+}
+
+bool nameCharacter(char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '-' || c == '_';
+}
+
+// An IPv6 address, with a zone after "%" for a link-local one.
+bool ipv6(std::string_view text) {
+    const std::size_t percent = text.find('%');
+    const std::string_view zone = percent == std::string_view::npos ? std::string_view{} : text.substr(percent + 1);
+    if (percent != std::string_view::npos &&
+        (zone.empty() || !std::all_of(zone.begin(), zone.end(), [](char c) { return nameCharacter(c) || c == '.'; })))
+        return false;
+    in6_addr parsed{};
+    return inet_pton(AF_INET6, std::string(text.substr(0, percent)).c_str(), &parsed) == 1;
+}
+
+// A host name of dot-separated labels (a last dot allowed), or, where it is all digits and
+// dots, an IPv4 address.
+bool nameOrIPv4(std::string_view text) {
+    if (text.find_first_not_of("0123456789.") == std::string_view::npos) {
+        in_addr parsed{};
+        return inet_pton(AF_INET, std::string(text).c_str(), &parsed) == 1;
+    }
+    if (text.back() == '.') text.remove_suffix(1);
+    if (text.empty() || text.size() > 253) return false;
+    std::size_t start = 0;
+    for (;;) {
+        const std::size_t dot = std::min(text.find('.', start), text.size());
+        const std::string_view label = text.substr(start, dot - start);
+        if (label.empty() || label.size() > 63 || !std::all_of(label.begin(), label.end(), nameCharacter)) return false;
+        if (dot == text.size()) return true;
+        start = dot + 1;
+    }
 }
 
 }  // namespace
@@ -38,6 +74,8 @@ std::optional<JoinAddress> parseJoinAddress(std::string_view text) {
         port = text.substr(colon + 1);
         if (host.empty()) return std::nullopt;
     }
+    const bool bracketed = text.front() == '[';
+    if (bracketed || host.find(':') != std::string_view::npos ? !ipv6(host) : !nameOrIPv4(host)) return std::nullopt;
     JoinAddress address{std::string(host), 0};
     if (port) {
         const std::optional<int> number = portOf(*port);
@@ -45,6 +83,12 @@ std::optional<JoinAddress> parseJoinAddress(std::string_view text) {
         address.port = *number;
     }
     return address;
+}
+
+std::string joinAddressText(const std::string& host, int port, int gamePort) {
+    if (port == gamePort) return host;
+    const bool ipv6 = host.find(':') != std::string::npos;
+    return (ipv6 ? "[" + host + "]" : host) + ":" + std::to_string(port);
 }
 
 }  // namespace petal

@@ -27,6 +27,13 @@ TEST(JoinAddress, ReadsANameOrAnAddressAndAnOptionalPort) {
         {"[2001:db8::7", std::nullopt},
         {"[2001:db8::7]5000", std::nullopt},
         {"two words", std::nullopt},
+        {"192.0.2.999", std::nullopt},
+        {"[192.0.2.7]", std::nullopt},
+        {"2001:db8::7::1", std::nullopt},
+        {"host!.example", std::nullopt},
+        {"a..example", std::nullopt},
+        {"[fe80::1%]", std::nullopt},
+        {"under_score.example.:80", JoinAddress{"under_score.example.", 80}},
     };
     for (const Case& c : cases) {
         const std::optional<JoinAddress> read = parseJoinAddress(c.text);
@@ -34,6 +41,12 @@ TEST(JoinAddress, ReadsANameOrAnAddressAndAnOptionalPort) {
         if (!read) continue;
         EXPECT_EQ(read->host, c.read->host) << c.text;
         EXPECT_EQ(read->port, c.read->port) << c.text;
+        if (read->port == 0) continue;
+        // What the host's wait offers to copy reads back as the same place.
+        const std::optional<JoinAddress> copied = parseJoinAddress(joinAddressText(read->host, read->port, 4800));
+        ASSERT_TRUE(copied) << c.text;
+        EXPECT_EQ(copied->host, read->host) << c.text;
+        EXPECT_EQ(copied->port, read->port) << c.text;
     }
 }
 
