@@ -1,5 +1,6 @@
 #include "platform/qt/QtSocket.h"
 
+#include <QHostInfo>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTimer>
@@ -21,6 +22,8 @@ constexpr int kKeepIdleSeconds = 15;
 constexpr int kKeepIntervalSeconds = 5;
 constexpr int kKeepProbes = 6;
 constexpr unsigned kUnansweredLimitMs = 50'000;
+// How long an attempt to connect has before the next address is tried beside it.
+constexpr int kNextAttemptMs = 250;
 
 void keepAlive(QTcpSocket* socket) {
     const int fd = static_cast<int>(socket->socketDescriptor());
@@ -53,7 +56,10 @@ int errorNumber(QAbstractSocket::SocketError error) {
 
 }  // namespace
 
-QtSocket::QtSocket(QtCoreHost& host) : host_(host) {}
+QtSocket::QtSocket(QtCoreHost& host) : host_(host) {
+    nextAttempt_.setSingleShot(true);
+    connect(&nextAttempt_, &QTimer::timeout, this, &QtSocket::startNextAttempt);
+}
 
 QtSocket::~QtSocket() {
     // No event of a socket that is going may reach the game.
@@ -61,6 +67,9 @@ QtSocket::~QtSocket() {
     if (server_) server_->disconnect(this);
     for (auto& [id, pending] : pending_)
         if (pending) pending->disconnect(this);
+    for (auto& attempt : attempts_)
+        if (attempt) attempt->disconnect(this);
+    if (lookup_ >= 0) QHostInfo::abortHostLookup(lookup_);
 }
 
 void QtSocket::requireClosed() const {
@@ -125,10 +134,92 @@ void QtSocket::Accept(long requestID) {
 
 void QtSocket::Connect() {
     requireClosed();
-    auto* socket = new QTcpSocket(this);
-    adopt(socket);
     state_ = sckResolvingHost;
-    socket->connectToHost(QString::fromStdString(RemoteHost), static_cast<quint16>(RemotePort));
+    const QString name = QString::fromStdString(RemoteHost);
+    QHostAddress literal;
+    if (literal.setAddress(name)) {
+        race({literal});
+        return;
+    }
+    const int generation = ++generation_;
+    lookup_ = QHostInfo::lookupHost(name, this, [this, generation](const QHostInfo& info) { onLookedUp(info, generation); });
+}
+
+void QtSocket::onLookedUp(const QHostInfo& info, int generation) {
+    if (generation != generation_ || state_ != sckResolvingHost) return;
+    lookup_ = -1;
+    if (info.error() != QHostInfo::NoError || info.addresses().isEmpty()) {
+        raiseError(errorNumber(QAbstractSocket::HostNotFoundError),
+                   info.error() != QHostInfo::NoError ? info.errorString().toStdString() : "Host not found");
+        return;
+    }
+    // The families taken in turn, IPv6 first.
+    QList<QHostAddress> v6, v4, order;
+    for (const QHostAddress& address : info.addresses())
+        (address.protocol() == QAbstractSocket::IPv6Protocol ? v6 : v4).append(address);
+    for (qsizetype i = 0; i < std::max(v6.size(), v4.size()); ++i) {
+        if (i < v6.size()) order.append(v6[i]);
+        if (i < v4.size()) order.append(v4[i]);
+    }
+    race(order);
+}
+
+void QtSocket::race(const QList<QHostAddress>& addresses) {
+    candidates_.assign(addresses.begin(), addresses.end());
+    state_ = sckConnecting;
+    startNextAttempt();
+}
+
+void QtSocket::startNextAttempt() {
+    if (candidates_.empty() || state_ != sckConnecting) return;
+    const QHostAddress address = candidates_.front();
+    candidates_.pop_front();
+    auto* attempt = new QTcpSocket(this);
+    attempts_.push_back(attempt);
+    connect(attempt, &QTcpSocket::connected, this, [this, attempt] { attemptWon(attempt); });
+    connect(attempt, &QTcpSocket::errorOccurred, this, [this, attempt] { attemptFailed(attempt); });
+    attempt->connectToHost(address, static_cast<quint16>(RemotePort));
+    if (!candidates_.empty()) nextAttempt_.start(kNextAttemptMs);
+}
+
+void QtSocket::attemptWon(QTcpSocket* socket) {
+    std::erase(attempts_, socket);
+    socket->disconnect(this);
+    dropAttempts();
+    adopt(socket);
+    state_ = sckConnected;
+    keepAlive(socket);
+}
+
+// The last attempt to fail tells its reason; one that fails early lets the next start at once.
+void QtSocket::attemptFailed(QTcpSocket* socket) {
+    const QAbstractSocket::SocketError error = socket->error();
+    const QString text = socket->errorString();
+    std::erase(attempts_, socket);
+    socket->disconnect(this);
+    host_.releaseAfterHandlers(socket);
+    if (!attempts_.empty()) return;
+    if (!candidates_.empty()) {
+        nextAttempt_.stop();
+        startNextAttempt();
+        return;
+    }
+    raiseError(errorNumber(error), text.toStdString());
+}
+
+void QtSocket::dropAttempts() {
+    nextAttempt_.stop();
+    candidates_.clear();
+    for (auto& attempt : attempts_) {
+        if (!attempt) continue;
+        attempt->disconnect(this);
+        attempt->abort();
+        host_.releaseAfterHandlers(attempt);
+    }
+    attempts_.clear();
+    if (lookup_ >= 0) QHostInfo::abortHostLookup(lookup_);
+    lookup_ = -1;
+    ++generation_;
 }
 
 void QtSocket::adopt(QTcpSocket* socket) {
@@ -168,6 +259,7 @@ void QtSocket::onSocketError(int error, const QString& text) {
 }
 
 void QtSocket::Close() {
+    dropAttempts();
     if (server_) {
         server_->disconnect(this);
         server_->close();

@@ -1,12 +1,17 @@
 #pragma once
 // The program's socket on Qt's TCP classes: a server while listening, one connection after
 // Accept or Connect. Its events run through the host as handlers.
+#include <QHostAddress>
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
+#include <deque>
 #include <map>
+#include <vector>
 
 #include "platform/Socket.h"
 
+class QHostInfo;
 class QTcpServer;
 class QTcpSocket;
 
@@ -29,6 +34,14 @@ public:
     std::string GetData() override;
 
 private:
+    // Connecting to a name with addresses of both families: IPv6 first, the next address a
+    // moment later if no answer has come, and the first connection up is kept.
+    void onLookedUp(const QHostInfo& info, int generation);
+    void race(const QList<QHostAddress>& addresses);
+    void startNextAttempt();
+    void attemptWon(QTcpSocket* socket);
+    void attemptFailed(QTcpSocket* socket);
+    void dropAttempts();
     void requireClosed() const;
     void adopt(QTcpSocket* socket);
     void onIncoming();
@@ -39,6 +52,11 @@ private:
     QPointer<QTcpServer> server_;
     QPointer<QTcpSocket> socket_;
     std::map<long, QPointer<QTcpSocket>> pending_;
+    std::deque<QHostAddress> candidates_;
+    std::vector<QPointer<QTcpSocket>> attempts_;
+    QTimer nextAttempt_;
+    int lookup_ = -1;
+    int generation_ = 0;  // of Connect: a lookup that answers after Close is dropped
     long nextRequest_ = 1;
     int state_ = sckClosed;
 };
