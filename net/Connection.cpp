@@ -1,15 +1,21 @@
 #include "net/Connection.h"
 
+#include <algorithm>
 #include <vector>
 
 #include "net/FrmConnectionStatus.h"
 #include "net/JoinAddress.h"
 #include "platform/Host.h"
+#include "platform/PortMapper.h"
 #include "platform/Socket.h"
 #include "scoring/FrmScoreCard.h"
 #include "shell/FrmMain.h"
 
 namespace petal {
+
+Connection::Connection(FrmMain& f) : f_(f) {}
+
+Connection::~Connection() = default;
 
 int Connection::yakuFlag() const { return f_.g.gUseYaku ? 1 : 0; }
 
@@ -20,6 +26,7 @@ void Connection::StartConnection() {
         s.Close();
         if (s.LocalPort == 0) s.LocalPort = port;
         s.Listen();
+        openRouterPort();
     } else if (f_.g.gPlayMode == 2) {
         s.Close();
         // Text that is no address goes whole, and the platform tells that no host answers to it.
@@ -59,7 +66,7 @@ void Connection::actOnState(int state) {
     Globals& g = f_.g;
     switch (state) {
         case Socket::sckListening:
-            showStatus(1, "Connection Status", "Waiting for your opponent to connect.", whereToJoin());
+            showStatus(1, "Connection Status", "Waiting for your opponent to connect.");
             break;
         case Socket::sckResolvingHost:
         case Socket::sckConnecting:
@@ -149,7 +156,10 @@ void Connection::socketFailed(int Number, const std::string& Description) {
     f_.host.msgBox({Description, "Winsock Error " + std::to_string(Number), MsgIcon::Exclamation, MsgButtons::OK});
     s.Close();
     f_.net.reset();
-    if (f_.g.gPlayMode != 2) return;  // a host does not listen again by itself
+    if (f_.g.gPlayMode != 2) {  // a host does not listen again by itself
+        closeRouterPort();
+        return;
+    }
     const MsgResult again = f_.host.msgBox(
         {"Do you want to try and reconnect?", "Reconnect", MsgIcon::Question, MsgButtons::YesNo});
     if (again == MsgResult::Yes) {
@@ -173,18 +183,61 @@ void Connection::showStatus(long connectMode, const std::string& caption, const 
     status.StatusCaption = caption;
     status.StatusMessage = message;
     status.StatusDetail = detail;
+    status.showsWhereToJoin = connectMode == 1;
     f_.host.showModal(status);
 }
 
-// The host's addresses and port, for a player who tells the opponent where to join.
-std::string Connection::whereToJoin() const {
-    const std::vector<std::string> addresses = f_.host.localAddresses();
-    const std::string port = std::to_string(f_.tcpMultiPlayer->LocalPort);
-    if (addresses.empty()) return "This computer is on no network: only a game on this computer can join, at port " + port + ".";
-    std::string list;
-    for (std::size_t i = 0; i < addresses.size(); ++i)
-        list += (i == 0 ? "" : i + 1 == addresses.size() ? " or " : ", ") + addresses[i];
-    return "Your opponent can join at " + list + ", port " + port + ".";
+void Connection::openRouterPort() {
+    if (router_ || !f_.options.flag(kRouterOption, false)) return;
+    router_ = f_.host.createPortMapper();
+    if (router_) router_->open(f_.tcpMultiPlayer->LocalPort);
+}
+
+void Connection::closeRouterPort() { router_.reset(); }
+
+// The host's addresses and port, each marked for who can reach it, and what the router said.
+void Connection::showWhereToJoin(FrmConnectionStatus& status) const {
+    const int localPort = f_.tcpMultiPlayer->LocalPort;
+    const std::string port = std::to_string(localPort);
+    std::vector<JoinPlace> places;
+    if (router_ && router_->state().outcome == RouterPort::Outcome::Mapped)
+        places.push_back({router_->state().externalAddress, "on the internet, through your router", localPort});
+    for (const std::string& address : f_.host.localAddresses()) {
+        const bool ipv6 = address.find(':') != std::string::npos;
+        // Global IPv6 addresses are 2000::/3; the rest (unique local ones) name a home network.
+        const bool global = ipv6 ? (address[0] == '2' || address[0] == '3') : !unroutableIPv4(address);
+        places.push_back(
+            {address, !global ? "on your own network" : ipv6 ? "on the internet, over IPv6" : "on the internet", localPort});
+    }
+    std::stable_partition(places.begin(), places.end(),
+                          [](const JoinPlace& p) { return p.what != "on your own network"; });
+    status.joinPlaces = places;
+    std::string note = routerNote(port);
+    if (places.empty()) note = "This computer is on no network: only a game on this computer can join, at port " + port + ".";
+    status.Label2 = note;
+}
+
+std::string Connection::routerNote(const std::string& port) const {
+    if (!router_) return {};
+    const RouterPort router = router_->state();
+    const std::string helps = "A friend on the internet can still join over IPv6, or through a port forwarded to this "
+                              "computer by hand or by your provider.";
+    switch (router.outcome) {
+        case RouterPort::Outcome::Asking:
+            return "Asking your router to open port " + port + " for a friend on the internet...";
+        case RouterPort::Outcome::Mapped:
+            return "Your friend can join at " + router.externalAddress + ", port " + port + ".";
+        case RouterPort::Outcome::NoRouter:
+            return "No router answered the request to open port " + port + ". " + helps;
+        case RouterPort::Outcome::Refused:
+            return "Your router refused to open port " + port + (router.reason.empty() ? "" : " (" + router.reason + ")") +
+                   ". " + helps;
+        case RouterPort::Outcome::Unroutable:
+            return "Your router's own address on the internet" +
+                   (router.externalAddress.empty() ? "" : ", " + router.externalAddress + ",") +
+                   " is private or shared (a carrier's NAT), so opening a port on it cannot help. " + helps;
+    }
+    return {};
 }
 
 bool Connection::waitForPeer(const std::string& caption, const std::string& message) {
@@ -215,6 +268,7 @@ void Connection::fallBack(bool clearTable) {
     s.Close();
     s.LocalPort = 0;
     f_.net.reset();
+    closeRouterPort();
     f_.menu.mnuVChat.Enabled = false;
     f_.settings.WriteSettings(f_.g.gGameType, f_.g.gRounds, yakuFlag(), 0);
     m.mTurn = 0;

@@ -1,17 +1,25 @@
 #pragma once
 // The connection's life: listening or connecting, the poll of the socket's state, the waiting
 // forms, the loss of the peer and the socket's errors, and the fall back to single play.
+#include <memory>
 #include <string>
 
 namespace petal {
 
+class FrmConnectionStatus;
 class FrmMain;
+class PortMapper;
 
 class Connection {
 public:
     static constexpr int kPort = 4800;
 
-    explicit Connection(FrmMain& f) : f_(f) {}
+    // Ours, in the options file: hosting opens the port on the home router. Off unless the
+    // player turns it on, so that no run of a test or tool asks a router.
+    static constexpr const char* kRouterOption = "router-port";
+
+    explicit Connection(FrmMain& f);
+    ~Connection();
 
     // The port of a session where the join box names none: the game's own, or the one that the
     // command line gave.
@@ -35,6 +43,10 @@ public:
     void clearStaleTable();
     // The yaku flag as the fall back writes it: 1 or 0.
     int yakuFlag() const;
+    // Hosting has ended, or Setup changed: the port on the router closes.
+    void closeRouterPort();
+    // The host's wait shows where a friend can join, as the router's answer comes.
+    void showWhereToJoin(FrmConnectionStatus& status) const;
 
 private:
     void actOnState(int state);
@@ -42,9 +54,11 @@ private:
     void lossProcedure();
     void socketFailed(int Number, const std::string& Description);
     void unloadScoreCard();
-    std::string whereToJoin() const;
+    void openRouterPort();
+    std::string routerNote(const std::string& port) const;
 
     FrmMain& f_;
+    std::unique_ptr<PortMapper> router_;
 };
 
 }  // namespace petal

@@ -1,5 +1,8 @@
 #include "net/ConnectionStatusDialog.h"
 
+#include <QClipboard>
+#include <QGridLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -8,7 +11,9 @@
 
 #include "assets/PictureStore.h"
 #include "assets/Pictures.h"
+#include "net/Connection.h"
 #include "net/FrmConnectionStatus.h"
+#include "net/JoinAddress.h"
 #include "platform/qt/QtHost.h"
 
 namespace petal {
@@ -21,7 +26,12 @@ constexpr int kSyncMs = 100;
 
 ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost& host, PictureStore& pictures,
                                                QWidget* parent)
-    : FormDialog(form, host, parent), form_(form), message_(new QLabel(this)), detail_(new QLabel(this)) {
+    : FormDialog(form, host, parent),
+      form_(form),
+      message_(new QLabel(this)),
+      places_(new QWidget(this)),
+      placeRows_(new QGridLayout(places_)),
+      detail_(new QLabel(this)) {
     setWindowTitle(QString::fromStdString(form.Caption));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(18, 14, 18, 12);
@@ -30,7 +40,9 @@ ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost
     message_->setAlignment(Qt::AlignCenter);
     message_->setWordWrap(true);
     layout->addWidget(message_);
-    // The host's addresses, for the player to read out or copy to the opponent.
+    placeRows_->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(places_);
+    // What the router said, under the addresses.
     detail_->setAlignment(Qt::AlignCenter);
     detail_->setWordWrap(true);
     detail_->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -69,7 +81,40 @@ void ConnectionStatusDialog::sync() {
     message_->setText(QString::fromStdString(form_.Label1));
     detail_->setText(QString::fromStdString(form_.Label2));
     detail_->setVisible(!form_.Label2.empty());
+    showPlaces();
     for (int i = 0; i < 3; ++i) cards_[i]->setVisible(form_.imgCardVisible[i]);
+}
+
+// A row for each address, rebuilt only when the list changes, so a button is not pulled from
+// under the pointer.
+void ConnectionStatusDialog::showPlaces() {
+    std::vector<std::string> lines;
+    for (const JoinPlace& place : form_.joinPlaces)
+        lines.push_back(place.address + ", port " + std::to_string(place.port) + "\t" + place.what);
+    if (lines == shownPlaces_) return;
+    shownPlaces_ = lines;
+    while (QLayoutItem* item = placeRows_->takeAt(0)) {
+        delete item->widget();
+        delete item;
+    }
+    int row = 0;
+    for (const JoinPlace& place : form_.joinPlaces) {
+        auto* address = new QLabel(QStringLiteral("<b>%1</b>, port %2<br><small>%3</small>")
+                                       .arg(QString::fromStdString(place.address).toHtmlEscaped())
+                                       .arg(place.port)
+                                       .arg(QString::fromStdString(place.what).toHtmlEscaped()),
+                                   places_);
+        address->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        auto* copy = new QPushButton(QStringLiteral("Copy"), places_);
+        copy->setAccessibleName(QStringLiteral("Copy %1").arg(QString::fromStdString(place.address)));
+        const QString text = QString::fromStdString(joinAddressText(place.address, place.port, Connection::kPort));
+        connect(copy, &QPushButton::clicked, this, [text] { QGuiApplication::clipboard()->setText(text); });
+        placeRows_->addWidget(address, row, 0);
+        placeRows_->addWidget(copy, row, 1, Qt::AlignVCenter);
+        ++row;
+    }
+    places_->setVisible(row > 0);
+    adjustSize();
 }
 
 // The close box asks as Cancel does.

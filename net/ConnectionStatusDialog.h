@@ -1,11 +1,16 @@
 #pragma once
-// Draws the network's wait: its caption, its line of text, three cards of the deck that come
-// and go as the model's animation steps, and Cancel.
+// Draws the network's wait: its caption, its line of text, on a host's wait the addresses at
+// which a friend can join (each with a Copy button) and what the router said, three cards of
+// the deck that come and go as the model's animation steps, and Cancel.
 #include <array>
+#include <string>
+#include <vector>
 
 #include "platform/qt/FormDialog.h"
 
+class QGridLayout;
 class QLabel;
+class QWidget;
 
 namespace petal {
 
@@ -22,8 +27,13 @@ protected:
     void sync() override;
 
 private:
+    void showPlaces();
+
     FrmConnectionStatus& form_;
     QLabel* message_;
+    QWidget* places_;
+    QGridLayout* placeRows_;
+    std::vector<std::string> shownPlaces_;
     QLabel* detail_;
     std::array<QLabel*, 3> cards_{};
 };

@@ -31,6 +31,7 @@ void FrmConnectionStatus::Form_Load() {
     Caption = StatusCaption;
     Label1 = StatusMessage;
     Label2 = StatusDetail;
+    if (showsWhereToJoin) f_.connection.showWhereToJoin(*this);
 }
 
 void FrmConnectionStatus::Timer1_Timer() {
@@ -46,6 +47,7 @@ void FrmConnectionStatus::Timer1_Timer() {
         Unload();
         return;
     }
+    if (showsWhereToJoin) f_.connection.showWhereToJoin(*this);
     AnimStep = AnimStep >= 5 ? 0 : AnimStep + 1;
     imgCardVisible = kSteps[AnimStep];
 }
@@ -67,6 +69,7 @@ bool FrmConnectionStatus::Form_QueryUnload(bool byUser) {
         return true;
     }
     f_.tcpMultiPlayer->Close();
+    f_.connection.closeRouterPort();
     f_.tcpMultiPlayer->LocalPort = 0;
     f_.net.reset();
     f_.host.endSessionBoxes();

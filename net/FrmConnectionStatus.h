@@ -3,6 +3,7 @@
 // Cancel, which asks before it ends the connection.
 #include <array>
 #include <string>
+#include <vector>
 
 #include "platform/Form.h"
 #include "platform/Timer.h"
@@ -10,6 +11,13 @@
 namespace petal {
 
 class FrmMain;
+
+// An address at which a friend can join the host, and for whom it is.
+struct JoinPlace {
+    std::string address;
+    std::string what;  // "on your own network", "on the internet, over IPv6", ...
+    int port = 0;
+};
 
 class FrmConnectionStatus : public Form {
 public:
@@ -32,7 +40,10 @@ public:
     FrmConnectionStatus* covered() const { return covered_; }
 
     std::string Label1;
-    std::string Label2;  // under the message: where the opponent can reach this computer
+    std::string Label2;  // under the message: what the router said, or that no network is up
+    // The host's wait: where a friend can join, brought up to date as the router answers.
+    bool showsWhereToJoin = false;
+    std::vector<JoinPlace> joinPlaces;
     std::array<bool, 3> imgCardVisible{};  // imgCard(0..2).Visible
     Timer Timer1;
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/PortMapper.h"
+
 namespace petal {
 
 class Timer;
@@ -85,6 +87,9 @@ public:
     // The addresses at which another machine may reach this one: IPv4 and IPv6, without the
     // loopback and the IPv6 link-local addresses, which name nothing beyond a cable.
     virtual std::vector<std::string> localAddresses() = 0;
+    // A way to open the game's port on the home router; none where the platform has no router
+    // to ask (the simulated host never asks one).
+    virtual std::unique_ptr<PortMapper> createPortMapper() { return nullptr; }
 
     // Ends the program in good order: pending waits return, no further events are delivered.
     virtual void endProgram() = 0;

@@ -95,6 +95,7 @@ bool FrmMain::Form_Unload() {
         return true;
     }
     if (g.gPlayMode != 0) tcpMultiPlayer->Close();
+    connection.closeRouterPort();
     hof.CloseHallOfFame();
     return false;
 }
@@ -133,7 +134,9 @@ void FrmMain::mnuSetup_Click() {
         return;
     }
     if (socketState() == 0) m.mConnected = false;
-    if (!g.gSetupCancelled) startChosenMode();
+    if (g.gSetupCancelled) return;
+    connection.closeRouterPort();
+    startChosenMode();
 }
 
 void FrmMain::startSession(int playMode, const std::string& address, int port) {

@@ -4,6 +4,8 @@
 #include <stdexcept>
 
 #include "cards/Val.h"
+#include "net/Connection.h"
+#include "net/JoinAddress.h"
 #include "shell/FrmMain.h"
 #include "platform/Host.h"
 #include "platform/Socket.h"
@@ -25,6 +27,7 @@ void FrmSetup::Form_Load() {
     selectGame(f_.g.gPlayMode);
     txtHostIP.Text = f_.g.gHostIP;
     selectComputer(f_.options.text(Computer::kOption, "standard") == "strong" ? 1 : 0);
+    chkRouterPort = f_.options.flag(Connection::kRouterOption, false) ? 1 : 0;
 }
 
 void FrmSetup::selectGameType(int index) {
@@ -50,6 +53,7 @@ void FrmSetup::optGameType_Click(int Index) {
 
 void FrmSetup::optGame_Click(int Index) {
     computerEnabled = Index == 0;
+    routerPortEnabled = Index == 1;
     if (Index == 2) {
         txtHostIP.Enabled = true;
         txtHostIP.BackColor = kWhite;
@@ -65,18 +69,25 @@ int FrmSetup::txtRounds_KeyPress(int KeyAscii) { return (KeyAscii >= '0' && KeyA
 void FrmSetup::setText(SetupTextBox& box, const std::string& text) { box.Text = text.substr(0, box.MaxLength); }
 
 bool FrmSetup::FormValidation() {
-    if (!optGameType[1]) return true;
-    const long rounds = Val(txtRounds.Text);
-    if (rounds < 2 || rounds > 20) {
-        mInvalidControl = Field::Rounds;
-        f_.host.msgBox({"Rounds cannot be less than 2 or greater than 20.", "Invalid Rounds Value", MsgIcon::Exclamation,
-                        MsgButtons::OK});
-        return false;
+    if (optGameType[1]) {
+        const long rounds = Val(txtRounds.Text);
+        if (rounds < 2 || rounds > 20) {
+            mInvalidControl = Field::Rounds;
+            f_.host.msgBox({"Rounds cannot be less than 2 or greater than 20.", "Invalid Rounds Value",
+                            MsgIcon::Exclamation, MsgButtons::OK});
+            return false;
+        }
+        const std::size_t first = txtHostIP.Text.find_first_not_of(' ');
+        if (optGame[2] && first == std::string::npos) {
+            mInvalidControl = Field::HostIP;
+            f_.host.msgBox({"Host IP field cannot be left blank.", "Required Field", MsgIcon::Exclamation, MsgButtons::OK});
+            return false;
+        }
     }
-    const std::size_t first = txtHostIP.Text.find_first_not_of(' ');
-    if (optGame[2] && first == std::string::npos) {
+    // Ours: text that names no host is told here, before anything is sent.
+    if (optGame[2] && !parseJoinAddress(txtHostIP.Text)) {
         mInvalidControl = Field::HostIP;
-        f_.host.msgBox({"Host IP field cannot be left blank.", "Required Field", MsgIcon::Exclamation, MsgButtons::OK});
+        f_.host.msgBox({kNoAddress, "Host Address", MsgIcon::Exclamation, MsgButtons::OK});
         return false;
     }
     return true;
@@ -92,9 +103,14 @@ void FrmSetup::writeChoices(int playMode) {
     const long rounds = Val(txtRounds.Text);
     f_.settings.WriteSettings(optGameType[0] ? 0 : 1, static_cast<int>(rounds), chkUseYaku ? -1 : 0, playMode);
     // The choice holds for this run even when its file cannot be written; the player is told.
-    const std::string problem = f_.options.set(Computer::kOption, optComputer[1] ? "strong" : "standard");
+    const bool routerPort = chkRouterPort != 0;
+    const std::string router = routerPort == f_.options.flag(Connection::kRouterOption, false)
+                                   ? std::string()
+                                   : f_.options.setFlag(Connection::kRouterOption, routerPort);
+    std::string problem = f_.options.set(Computer::kOption, optComputer[1] ? "strong" : "standard");
+    if (problem.empty()) problem = router;
     if (!problem.empty())
-        f_.host.msgBox({problem + "\n\nThe computer you chose plays until the program ends.", "Petalgarden",
+        f_.host.msgBox({problem + "\n\nThe options you chose hold until the program ends.", "Petalgarden",
                         MsgIcon::Exclamation, MsgButtons::OK});
 }
 

@@ -27,6 +27,9 @@ public:
     // The join box takes any host name (at most 253 characters) or address, with a port.
     static constexpr std::size_t kHostLength = 260;
     enum class Field { None, Rounds, HostIP };
+    static constexpr const char* kNoAddress =
+        "The host's address cannot be read.  Type a name, an IPv4 address or an IPv6 address, and a port after a "
+        "colon if it is not 4800: for example 192.0.2.7, host.example:5000 or [2001:db8::7]:5000.";
 
     explicit FrmSetup(FrmMain& f);
     const char* formName() const override { return "frmSetup"; }
@@ -41,6 +44,10 @@ public:
     // plays in single play only, so it is offered only there.
     std::array<bool, 2> optComputer{true, false};
     bool computerEnabled = true;
+    // Ours: a host opens its port on the home router, for a friend on the internet; offered
+    // while hosting is chosen.
+    int chkRouterPort = 0;
+    bool routerPortEnabled = false;
     Field mInvalidControl = Field::None;
     Field focus = Field::None;  // where the view puts the focus
     bool mSetupOK = false;

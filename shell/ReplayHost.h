@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "platform/Host.h"
+#include "platform/PortMapper.h"
 
 namespace petal {
 
@@ -45,6 +46,7 @@ public:
     void sendKeys(const std::string& keys) override { real_.sendKeys(keys); }
     std::unique_ptr<Socket> createSocket() override;
     std::vector<std::string> localAddresses() override { return real_.localAddresses(); }
+    std::unique_ptr<PortMapper> createPortMapper() override { return real_.createPortMapper(); }
     void endProgram() override { real_.endProgram(); }
     void endProgramAfterFailure() override { real_.endProgramAfterFailure(); }
     bool ending() const override { return real_.ending(); }

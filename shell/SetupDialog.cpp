@@ -68,7 +68,7 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
                             "Join A Game (client side component)"};
     for (int i = 0; i < 3; ++i) {
         game_[i] = new QRadioButton(QString::fromLatin1(modes[i]), frame2);
-        modeLayout->addWidget(game_[i], i == 0 ? 0 : i + 1, 0, 1, 2);
+        modeLayout->addWidget(game_[i], i * 2, 0, 1, 2);
         onClick(game_[i], [this, i] { form_.selectGame(i); });
     }
     // Under single play, whose opponent it is; a row of its own, so that its two buttons
@@ -90,8 +90,14 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     hostIP_ = new QLineEdit(frame2);
     auto* hostLabel = new QLabel(QStringLiteral("Host IP"), frame2);
     hostLabel->setBuddy(hostIP_);
-    modeLayout->addWidget(hostLabel, 4, 0);
-    modeLayout->addWidget(hostIP_, 4, 1);
+    modeLayout->addWidget(hostLabel, 5, 0);
+    modeLayout->addWidget(hostIP_, 5, 1);
+    // Under hosting, as the computer's row stands under single play.
+    routerPort_ = new QCheckBox(QStringLiteral("Let friends across the internet join (opens the port on your router)"), frame2);
+    auto* routerRow = new QHBoxLayout;
+    routerRow->setContentsMargins(24, 0, 0, 0);
+    routerRow->addWidget(routerPort_);
+    modeLayout->addLayout(routerRow, 3, 0, 1, 2);
     top->addWidget(frame2, 1, 0, 1, 2);
 
     auto* ok = new QPushButton(QStringLiteral("OK"), this);
@@ -110,6 +116,7 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     connect(hostIP_, &QLineEdit::textEdited, this,
             [this](const QString& t) { forward([this, t] { form_.setText(form_.txtHostIP, t.toStdString()); }); });
     connect(yaku_, &QCheckBox::toggled, this, [this](bool on) { form_.chkUseYaku = on ? 1 : 0; });
+    connect(routerPort_, &QCheckBox::toggled, this, [this](bool on) { form_.chkRouterPort = on ? 1 : 0; });
     onClick(ok, [this] { form_.cmdOK_Click(); });
     onClick(cancel, [this] { form_.cmdCancel_Click(); });
     sync();
@@ -128,6 +135,8 @@ void SetupDialog::sync() {
     paintBox(rounds_, form_.txtRounds);
     paintBox(hostIP_, form_.txtHostIP);
     yaku_->setChecked(form_.chkUseYaku != 0);
+    routerPort_->setChecked(form_.chkRouterPort != 0);
+    routerPort_->setEnabled(form_.routerPortEnabled);
     QLineEdit* focus = form_.focus == FrmSetup::Field::Rounds ? rounds_ : form_.focus == FrmSetup::Field::HostIP ? hostIP_ : nullptr;
     if (focus) {
         focus->setFocus();

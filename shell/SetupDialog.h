@@ -31,6 +31,7 @@ private:
     QLabel* roundsLabel_;
     QLineEdit* rounds_;
     QCheckBox* yaku_;
+    QCheckBox* routerPort_;
     QLineEdit* hostIP_;
     QWidget* computerRow_;
     QRadioButton* computer_[2];

@@ -1,17 +1,71 @@
 // What the players of a network game are told beyond the bare protocol: where the host can be
 // reached, what a closed score card waits for, and the question before Setup drops an opponent.
 #include "NetFixture.h"
+#include "net/Connection.h"
 #include "net/FrmConnectionStatus.h"
+#include "platform/PortMapper.h"
 #include "scoring/FrmScoreCard.h"
 #include "shell/FrmSetup.h"
 
 namespace petal::test {
 namespace {
 
-TEST_F(NetFixture, TheHostsWaitTellsWhereItCanBeReached) {
+// A router scripted by the test: its answer is whatever the test last set.
+class ScriptedRouter : public PortMapper {
+public:
+    ScriptedRouter(const RouterPort& answer, int& standing) : answer_(answer), standing_(standing) { ++standing_; }
+    ~ScriptedRouter() override { --standing_; }
+    void open(int port) override { opened = port; }
+    RouterPort state() const override { return answer_; }
+    int opened = 0;
+
+private:
+    const RouterPort& answer_;
+    int& standing_;
+};
+
+// The wait lists every address with whom it serves, the router's first, and says in words what
+// the router answered; the mapping stands exactly while the host hosts.
+TEST_F(NetFixture, TheHostsWaitTellsWhereAFriendCanJoin) {
+    RouterPort answer;
+    int standing = 0;
+    ScriptedRouter* router = nullptr;
+    host.host.addresses = {"192.168.1.5", "fd00::5", "2001:db8::10", "100.64.0.9"};
+    host.host.portMappers = [&] {
+        auto made = std::make_unique<ScriptedRouter>(answer, standing);
+        router = made.get();
+        return made;
+    };
+    host.f().options.setFlag(Connection::kRouterOption, true);
     act(host, [&] { host.f().mnuSetup_Click(); });
     ASSERT_TRUE(runUntil([&] { return host.f().connectionStatus != nullptr; }));
-    EXPECT_EQ(host.f().connectionStatus->Label2, "Your opponent can join at 192.0.2.10 or 2001:db8::10, port 4800.");
+    FrmConnectionStatus& wait = *host.f().connectionStatus;
+    ASSERT_EQ(standing, 1);
+    EXPECT_EQ(router->opened, 4800);
+    const std::string helps = " A friend on the internet can still join over IPv6, or through a port forwarded to "
+                              "this computer by hand or by your provider.";
+    const std::pair<RouterPort, std::string> answers[] = {
+        {{RouterPort::Outcome::Asking, "", ""}, "Asking your router to open port 4800 for a friend on the internet..."},
+        {{RouterPort::Outcome::NoRouter, "", ""}, "No router answered the request to open port 4800." + helps},
+        {{RouterPort::Outcome::Refused, "198.51.100.7", "ConflictInMappingEntry"},
+         "Your router refused to open port 4800 (ConflictInMappingEntry)." + helps},
+        {{RouterPort::Outcome::Unroutable, "100.64.3.1", ""},
+         "Your router's own address on the internet, 100.64.3.1, is private or shared (a carrier's NAT), so opening a "
+         "port on it cannot help." + helps},
+        {{RouterPort::Outcome::Mapped, "198.51.100.7", ""}, "Your friend can join at 198.51.100.7, port 4800."},
+    };
+    for (const auto& [routerSaid, told] : answers) {
+        answer = routerSaid;
+        EXPECT_TRUE(runUntil([&] { return wait.Label2 == told; }, 2000)) << wait.Label2;
+    }
+    std::vector<std::string> places;
+    for (const JoinPlace& place : wait.joinPlaces) places.push_back(place.address + " " + place.what);
+    EXPECT_EQ(places, (std::vector<std::string>{"198.51.100.7 on the internet, through your router",
+                                                "2001:db8::10 on the internet, over IPv6", "192.168.1.5 on your own network",
+                                                "fd00::5 on your own network", "100.64.0.9 on your own network"}));
+    host.answers["Cancel Connection"] = MsgResult::Yes;
+    act(host, [&] { wait.cmdCancel_Click(); });
+    EXPECT_EQ(standing, 0);
 }
 
 class ScoreCardClosedFirst : public NetFixture, public ::testing::WithParamInterface<bool> {};

@@ -48,7 +48,16 @@ TEST_F(Setup, TournamentRoundsMustLieFromTwoToTwenty) {
     EXPECT_TRUE(f->menu.mnuVScore.Enabled) << "a tournament was stored";
 }
 
-TEST_F(Setup, JoiningATournamentNeedsAHostAddressButASingleGameDoesNot) {
+TEST_F(Setup, JoiningATournamentNeedsAHostAddressButASingleGameDoesNotAndNoneJoinsRubbish) {
+    openSetup([&](FrmSetup& d) {
+        d.selectGame(2);
+        d.setText(d.txtHostIP, "192.0.2.999");
+        host->expectMsgBox(FrmSetup::kNoAddress, "Host Address", MsgResult::OK);
+        d.cmdOK_Click();
+        EXPECT_EQ(d.focus, FrmSetup::Field::HostIP);
+        d.cmdCancel_Click();
+    });
+    EXPECT_EQ(program->g.gPlayMode, 0) << "nothing was sent";
     for (const char* address : {"", "   "}) {
         openSetup([&](FrmSetup& d) {
             d.selectGameType(1);
@@ -151,6 +160,7 @@ TEST_F(Setup, TheComputerChosenIsKeptBesideTheSettingsAndOfferedInSinglePlay) {
         EXPECT_TRUE(d.computerEnabled);
         d.selectGame(1);
         EXPECT_FALSE(d.computerEnabled) << "a network game has no computer";
+        EXPECT_TRUE(d.routerPortEnabled && d.chkRouterPort == 0) << "a host may open the router's port, off at first";
         d.cmdCancel_Click();
     });
 }

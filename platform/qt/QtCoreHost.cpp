@@ -12,6 +12,7 @@
 #include "platform/FatalError.h"
 #include "platform/Timer.h"
 #include "platform/qt/QtSocket.h"
+#include "platform/qt/RouterPortMapper.h"
 
 namespace petal {
 
@@ -99,6 +100,8 @@ const ProgramFolders& QtCoreHost::folders() {
 }
 
 std::unique_ptr<Socket> QtCoreHost::createSocket() { return std::make_unique<QtSocket>(*this); }
+
+std::unique_ptr<PortMapper> QtCoreHost::createPortMapper() { return std::make_unique<RouterPortMapper>(); }
 
 std::vector<std::string> QtCoreHost::localAddresses() {
     std::vector<std::string> addresses;

@@ -47,6 +47,7 @@ public:
     std::string filesMoved() override { return folders().moved; }
     std::unique_ptr<Socket> createSocket() override;
     std::vector<std::string> localAddresses() override;
+    std::unique_ptr<PortMapper> createPortMapper() override;
     void endProgram() override { end(0); }
     void endProgramAfterFailure() override { end(1); }
     bool ending() const override { return ending_; }

@@ -87,6 +87,10 @@ public:
     std::unique_ptr<Socket> createSocket() override;
     std::vector<std::string> localAddresses() override { return addresses; }
     std::vector<std::string> addresses = {"192.0.2.10", "2001:db8::10"};  // for documentation
+    // The router's side as a test scripts it: nothing here ever asks a network. None unless a
+    // test gives one.
+    std::function<std::unique_ptr<PortMapper>()> portMappers;
+    std::unique_ptr<PortMapper> createPortMapper() override { return portMappers ? portMappers() : nullptr; }
     // The program's end closes its sockets, as a process's end does.
     void endProgram() override;
     void endProgramAfterFailure() override {

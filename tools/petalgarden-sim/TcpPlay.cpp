@@ -12,6 +12,7 @@
 #include "SimPlay.h"
 #include "TempFolder.h"
 #include "Tracer.h"
+#include "net/Connection.h"
 #include "net/FrmConnectionStatus.h"
 #include "platform/Socket.h"
 #include "scoring/FrmScoreCard.h"
@@ -55,6 +56,7 @@ private:
     // Real time that the game's timers would take, at the run's speed.
     int scaled(int ms) const { return std::max(1, static_cast<int>(ms / o_.speed)); }
     void pause(int gameMs);
+    void tellWhereToJoin(const FrmConnectionStatus& status, std::string& told);
 
     const TcpOptions& o_;
     std::ostream& err_;
@@ -119,11 +121,26 @@ void TcpSide::act(Form& form) {
     } else if (auto* status = dynamic_cast<FrmConnectionStatus*>(&form)) {
         // A wait stands until the game unloads it; a player cancels a rematch whose peer is gone.
         const bool rematch = status->StatusCaption == "Please Wait...";
-        host_.waitUntil([&] { return !status->loaded() || (rematch && f().socketState() != Socket::sckConnected); });
+        std::string told;
+        host_.waitUntil([&] {
+            tellWhereToJoin(*status, told);
+            return !status->loaded() || (rematch && f().socketState() != Socket::sckConnected);
+        });
         if (status->loaded()) status->cmdCancel_Click();
     } else if (auto* card = dynamic_cast<FrmScoreCard*>(&form)) {
         card->cmdOK_Click();
     }
+}
+
+void TcpSide::tellWhereToJoin(const FrmConnectionStatus& status, std::string& told) {
+    if (!o_.routerPort || !status.showsWhereToJoin || !status.loaded()) return;
+    std::string where = status.Label2;
+    for (const JoinPlace& place : status.joinPlaces)
+        where += "\n  " + place.address + ", port " + std::to_string(place.port) + " (" + place.what + ")";
+    if (where == told) return;
+    told = where;
+    err_ << "petalgarden-sim: where to join: " << where << "\n";
+    err_.flush();
 }
 
 void TcpSide::pause(int gameMs) {
@@ -142,6 +159,7 @@ void TcpSide::start() {
 // Setup, as a player opens it, on the port of the command line.
 void TcpSide::setUp() {
     f().connection.port = o_.port;
+    if (o_.routerPort) f().options.setFlag(Connection::kRouterOption, true);
     f().mnuSetup_Click();
 }
 

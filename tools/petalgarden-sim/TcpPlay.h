@@ -22,6 +22,9 @@ struct TcpOptions {
     // Host only: a lost or faulty peer ends nothing; the host listens again for the next one,
     // until N deals have ended. Each such end is told on err.
     bool stay = false;
+    // Host only: the option that opens the port on the home router, on for this run; what the
+    // waiting form says of where to join is told on err as it changes.
+    bool routerPort = false;
 };
 
 // Exit 0 after N deals and the designed end of the session; otherwise 1, the reason on err.

@@ -35,7 +35,7 @@ int usage() {
                  "       petalgarden-sim net [--deals N] [--tournament R] [--yaku on|off]\n"
                  "                           [--policy first|random:K] [--faults K] [--trace]\n"
                  "       petalgarden-sim host [--port P] [--deals N] [--tournament R] [--yaku on|off]\n"
-                 "                            [--policy first|random:K] [--speed X] [--stay] [--trace]\n"
+                 "                            [--policy first|random:K] [--speed X] [--stay] [--router-port] [--trace]\n"
                  "       petalgarden-sim join ADDRESS [--port P] [--deals N] [--policy first|random:K]\n"
                  "                            [--speed X] [--trace]\n"
                  "       petalgarden-sim keep --folder DIR [--tournament R] [--yaku on|off] [--policy random:K]\n"
@@ -197,6 +197,8 @@ int tcp(bool host, const std::vector<std::string>& args) {
             if (o.port < 1 || o.port > 65535) return usage();
         } else if (host && args[i] == "--stay") {
             o.stay = true;
+        } else if (host && args[i] == "--router-port") {
+            o.routerPort = true;
         } else if (args[i] == "--speed" && hasValue) {
             o.speed = std::atof(args[++i].c_str());
             if (!(o.speed > 0)) return usage();
