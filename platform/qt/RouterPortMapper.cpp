@@ -5,6 +5,7 @@
 #include <miniupnpc/upnperrors.h>
 #include <arpa/inet.h>
 #include <natpmp.h>
+#include <ifaddrs.h>
 #include <sys/select.h>
 
 #include <chrono>
@@ -45,6 +46,24 @@ bool natPmpAsk(natpmp_t& pmp, natpmpresp_t& response, Clock::time_point deadline
     }
 }
 
+// This machine's global IPv6 addresses (2000::/3), which a friend on the internet can reach
+// once the router lets them through.
+std::vector<std::string> globalIPv6() {
+    std::vector<std::string> found;
+    ifaddrs* list = nullptr;
+    if (getifaddrs(&list) != 0) return found;
+    for (const ifaddrs* entry = list; entry; entry = entry->ifa_next) {
+        if (!entry->ifa_addr || entry->ifa_addr->sa_family != AF_INET6) continue;
+        const in6_addr& address = reinterpret_cast<const sockaddr_in6*>(entry->ifa_addr)->sin6_addr;
+        if ((address.s6_addr[0] & 0xE0) != 0x20) continue;
+        char text[INET6_ADDRSTRLEN] = {};
+        inet_ntop(AF_INET6, &address, text, sizeof text);
+        found.push_back(text);
+    }
+    freeifaddrs(list);
+    return found;
+}
+
 }  // namespace
 
 RouterPortMapper::~RouterPortMapper() {
@@ -79,8 +98,9 @@ void RouterPortMapper::set(RouterPort::Outcome outcome, const std::string& addre
 void RouterPortMapper::run(int port) {
     if (!mapByUpnp(port) && !stopping() && !mapByNatPmp(port, kLeaseSeconds))
         set(RouterPort::Outcome::NoRouter, {}, {});
+    if (!stopping()) openPinholes(port);
     std::unique_lock lock(mutex_);
-    while (!stop_ && state_.outcome == RouterPort::Outcome::Mapped) {
+    while (!stop_ && (state_.outcome == RouterPort::Outcome::Mapped || !pinholes_.empty())) {
         if (wake_.wait_for(lock, std::chrono::seconds(kLeaseSeconds / 2), [this] { return stop_; })) break;
         lock.unlock();
         renew(port);
@@ -89,6 +109,7 @@ void RouterPortMapper::run(int port) {
     const bool mapped = state_.outcome == RouterPort::Outcome::Mapped;
     lock.unlock();
     if (mapped) remove(port);
+    for (const std::string& id : pinholes_) UPNP_DeletePinhole(pinholeUrl_.c_str(), pinholeService_.c_str(), id.c_str());
 }
 
 bool RouterPortMapper::mapByUpnp(int port) {
@@ -159,7 +180,38 @@ bool RouterPortMapper::mapByNatPmp(int port, int lifetime) {
     return true;
 }
 
+// Asked over IPv6, as a router lets a machine open its firewall only for the address it asks
+// from.
+void RouterPortMapper::openPinholes(int port) {
+    const std::vector<std::string> addresses = globalIPv6();
+    if (addresses.empty()) return;
+    int error = 0;
+    UPNPDev* devices = upnpDiscoverDevices(kGateways, kSearchMs, nullptr, nullptr, UPNP_LOCAL_PORT_ANY, 1, 2, &error, 1);
+    if (!devices) return;
+    UPNPUrls urls{};
+    IGDdatas data{};
+    char lanAddress[64] = {};
+    const int found = UPNP_GetValidIGD(devices, &urls, &data, lanAddress, sizeof lanAddress);
+    freeUPNPDevlist(devices);
+    if (found == 0) return;
+    if (urls.controlURL_6FC && urls.controlURL_6FC[0] && data.IPv6FC.servicetype[0]) {
+        pinholeUrl_ = urls.controlURL_6FC;
+        pinholeService_ = data.IPv6FC.servicetype;
+        const std::string portText = std::to_string(port);
+        for (const std::string& address : addresses) {
+            char id[8] = {};
+            if (UPNP_AddPinhole(pinholeUrl_.c_str(), pinholeService_.c_str(), "", "0", address.c_str(), portText.c_str(),
+                                "6", std::to_string(kLeaseSeconds).c_str(), id) == UPNPCOMMAND_SUCCESS)
+                pinholes_.push_back(id);
+        }
+    }
+    FreeUPNPUrls(&urls);
+}
+
 void RouterPortMapper::renew(int port) {
+    for (const std::string& id : pinholes_)
+        UPNP_UpdatePinhole(pinholeUrl_.c_str(), pinholeService_.c_str(), id.c_str(), std::to_string(kLeaseSeconds).c_str());
+    if (protocol_ == Protocol::None) return;
     if (protocol_ == Protocol::NatPmp) {
         mapByNatPmp(port, kLeaseSeconds);
         return;

@@ -6,6 +6,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "platform/PortMapper.h"
 
@@ -25,6 +26,8 @@ private:
     // Each asks once and sets the state; true when the router answered at all.
     bool mapByUpnp(int port);
     bool mapByNatPmp(int port, int lifetime);
+    // The router's IPv6 firewall, where it has one, opened for this machine's global addresses.
+    void openPinholes(int port);
     void renew(int port);
     void remove(int port);
     void set(RouterPort::Outcome outcome, const std::string& address, const std::string& reason);
@@ -35,6 +38,8 @@ private:
     RouterPort state_;
     Protocol protocol_ = Protocol::None;
     std::string controlUrl_, serviceType_, lanAddress_;
+    std::string pinholeUrl_, pinholeService_;
+    std::vector<std::string> pinholes_;  // their ids
     bool stop_ = false;
     std::thread worker_;
 };
