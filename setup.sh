@@ -41,7 +41,12 @@ fi
 
 install cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 qt6-multimedia-dev libqt6multimedia6 libsqlite3-dev libicu-dev libgtest-dev python3 \
     fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev \
-    xvfb xdotool dbus-daemon at-spi2-core python3-pyatspi
+    xvfb xdotool dbus-daemon at-spi2-core python3-pyatspi \
+    libminiupnpc-dev libnatpmp-dev miniupnpd-nftables nftables iproute2
+# The router's daemon is for the test's own namespaces: none may serve this machine's network.
+if command -v systemctl >/dev/null && systemctl is-enabled --quiet miniupnpd 2>/dev/null; then
+    [ "$(id -u)" -eq 0 ] && systemctl disable --now miniupnpd || sudo systemctl disable --now miniupnpd
+fi
 
 # A developer's machine with ccache rebuilds from its cache; a clean CI machine has none.
 launcher=()
