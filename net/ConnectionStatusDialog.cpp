@@ -40,13 +40,14 @@ ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost
     message_->setAlignment(Qt::AlignCenter);
     message_->setWordWrap(true);
     layout->addWidget(message_);
-    placeRows_->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(places_);
-    // What the router said, under the addresses.
+    // What the router said, over the addresses it concerns.
     detail_->setAlignment(Qt::AlignCenter);
     detail_->setWordWrap(true);
     detail_->setTextInteractionFlags(Qt::TextSelectableByMouse);
     layout->addWidget(detail_);
+    placeRows_->setContentsMargins(0, 0, 0, 0);
+    placeRows_->setColumnStretch(0, 1);
+    layout->addWidget(places_);
     auto* row = new QHBoxLayout;
     row->setSpacing(10);
     row->addStretch();
@@ -106,6 +107,7 @@ void ConnectionStatusDialog::showPlaces() {
                                    places_);
         address->setTextInteractionFlags(Qt::TextSelectableByMouse);
         auto* copy = new QPushButton(QStringLiteral("Copy"), places_);
+        copy->setFixedWidth(70);
         copy->setAccessibleName(QStringLiteral("Copy %1").arg(QString::fromStdString(place.address)));
         const QString text = QString::fromStdString(joinAddressText(place.address, place.port, Connection::kPort));
         connect(copy, &QPushButton::clicked, this, [text] { QGuiApplication::clipboard()->setText(text); });
