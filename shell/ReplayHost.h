@@ -39,6 +39,7 @@ public:
     }
     std::string timeText() override;
     std::string dateText() override { return real_.dateText(); }
+    std::string translate(const char* pattern) override { return real_.translate(pattern); }
     std::filesystem::path programFolder() override { return real_.programFolder(); }
     std::filesystem::path helpFolder() override { return real_.helpFolder(); }
     void showMainForm() override { real_.showMainForm(); }

@@ -83,6 +83,10 @@ void QtCoreHost::post(std::function<void()> call) {
 
 std::string QtCoreHost::timeText() { return QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toStdString(); }
 
+std::string QtCoreHost::translate(const char* pattern) {
+    return QCoreApplication::translate("core", pattern).toStdString();
+}
+
 std::string QtCoreHost::dateText() { return QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")).toStdString(); }
 
 std::filesystem::path QtCoreHost::programFolder() { return folders().files; }
