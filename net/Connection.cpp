@@ -8,6 +8,7 @@
 #include "platform/Socket.h"
 #include "scoring/FrmScoreCard.h"
 #include "shell/FrmMain.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -59,11 +60,11 @@ void Connection::actOnState(int state) {
     Globals& g = f_.g;
     switch (state) {
         case Socket::sckListening:
-            showStatus(1, "Connection Status", "Waiting for your opponent to connect.", whereToJoin());
+            showStatus(1, PETAL_TR("core", "Connection Status"), PETAL_TR("core", "Waiting for your opponent to connect."), whereToJoin());
             break;
         case Socket::sckResolvingHost:
         case Socket::sckConnecting:
-            if (!f_.connectionStatus) showStatus(2, "Connection Status", "Attempting connection to your opponent.");
+            if (!f_.connectionStatus) showStatus(2, PETAL_TR("core", "Connection Status"), PETAL_TR("core", "Attempting connection to your opponent."));
             break;
         case Socket::sckConnected:
             clearStaleTable();
@@ -71,14 +72,14 @@ void Connection::actOnState(int state) {
                 if (f_.connectionStatus) f_.connectionStatus->Unload();
                 f_.net.send("SEUP," + std::to_string(g.gGameType) + "," + std::to_string(g.gRounds) + "," +
                             (g.gUseYaku ? "-1" : "0"));
-                f_.host.msgBox({"Your opponent has successfully connected to your computer.  "
-                                "Click the deck to start the match.  Good Luck!",
-                                "Connection Successful", MsgIcon::Information, MsgButtons::OK});
+                f_.host.msgBox({PETAL_TR("core", "Your opponent has successfully connected to your computer.  "
+                                                 "Click the deck to start the match.  Good Luck!"),
+                                PETAL_TR("core", "Connection Successful"), MsgIcon::Information, MsgButtons::OK});
             } else if (g.gPlayMode == 2) {
                 f_.m.mConnected = true;
                 // A host that dealt at once has started the game already: nothing to wait for.
                 if (g.gGameInProgress != 0) break;
-                showStatus(2, "Connection Successful", "Waiting for your host to start the game");
+                showStatus(2, PETAL_TR("core", "Connection Successful"), PETAL_TR("core", "Waiting for your host to start the game"));
                 if (f_.tcpMultiPlayer->State() != Socket::sckConnected) f_.m.mConnected = false;
             }
             break;
@@ -95,7 +96,8 @@ void Connection::actOnState(int state) {
 void Connection::hostLost() {
     endSessionPrompts();
     f_.net.tellHeldRefusal();
-    f_.host.msgBox({"Your host has just terminated the network connection.", "Remote Connection Closed",
+    f_.host.msgBox({PETAL_TR("core", "Your host has just terminated the network connection."),
+                    PETAL_TR("core", "Remote Connection Closed"),
                     MsgIcon::Exclamation, MsgButtons::OK});
     f_.m.mRoundNo = f_.g.gRounds + 1;
     fallBack(true);
@@ -106,19 +108,22 @@ void Connection::lossProcedure() {
     endSessionPrompts();
     if (f_.g.gConnectState == Socket::sckClosing) {
         f_.net.tellHeldRefusal();
-        f_.host.msgBox({"Your opponent has just terminated the network connection.", "Remote Connection Closed",
+        f_.host.msgBox({PETAL_TR("core", "Your opponent has just terminated the network connection."),
+                        PETAL_TR("core", "Remote Connection Closed"),
                         MsgIcon::Exclamation, MsgButtons::OK});
         unloadScoreCard();
         f_.m.mRoundNo = f_.g.gRounds + 1;
     } else {
-        f_.host.msgBox({"An error occurred while trying to connect to your opponent.", "Client Connection Closed",
+        f_.host.msgBox({PETAL_TR("core", "An error occurred while trying to connect to your opponent."),
+                        PETAL_TR("core", "Client Connection Closed"),
                         MsgIcon::Exclamation, MsgButtons::OK});
     }
     s.Close();
     f_.net.reset();
     f_.dealer.NewGame(true);
     const MsgResult again = f_.host.msgBox(
-        {"Do you want to try and reconnect?", "Reconnect", MsgIcon::Question, MsgButtons::YesNo});
+        {PETAL_TR("core", "Do you want to try and reconnect?"), PETAL_TR("core", "Reconnect"), MsgIcon::Question,
+         MsgButtons::YesNo});
     if (again != MsgResult::Yes) {
         fallBack(false);
         return;
@@ -146,12 +151,14 @@ void Connection::tcpMultiPlayer_Error(int Number, const std::string& Description
 void Connection::socketFailed(int Number, const std::string& Description) {
     Socket& s = *f_.tcpMultiPlayer;
     endSessionPrompts();
-    f_.host.msgBox({Description, "Winsock Error " + std::to_string(Number), MsgIcon::Exclamation, MsgButtons::OK});
+    f_.host.msgBox({Description, said(f_.host, PETAL_TR("core", "Winsock Error %1"), {std::to_string(Number)}),
+                    MsgIcon::Exclamation, MsgButtons::OK});
     s.Close();
     f_.net.reset();
     if (f_.g.gPlayMode != 2) return;  // a host does not listen again by itself
     const MsgResult again = f_.host.msgBox(
-        {"Do you want to try and reconnect?", "Reconnect", MsgIcon::Question, MsgButtons::YesNo});
+        {PETAL_TR("core", "Do you want to try and reconnect?"), PETAL_TR("core", "Reconnect"), MsgIcon::Question,
+         MsgButtons::YesNo});
     if (again == MsgResult::Yes) {
         f_.g.gConnectState = 0;
         s.Connect();
@@ -180,11 +187,14 @@ void Connection::showStatus(long connectMode, const std::string& caption, const 
 std::string Connection::whereToJoin() const {
     const std::vector<std::string> addresses = f_.host.localAddresses();
     const std::string port = std::to_string(f_.tcpMultiPlayer->LocalPort);
-    if (addresses.empty()) return "This computer is on no network: only a game on this computer can join, at port " + port + ".";
+    if (addresses.empty())
+        return said(f_.host, PETAL_TR("core", "This computer is on no network: only a game on this computer can join, at port %1."),
+                    {port});
     std::string list;
     for (std::size_t i = 0; i < addresses.size(); ++i)
-        list += (i == 0 ? "" : i + 1 == addresses.size() ? " or " : ", ") + addresses[i];
-    return "Your opponent can join at " + list + ", port " + port + ".";
+        list += (i == 0 ? "" : i + 1 == addresses.size() ? said(f_.host, PETAL_TR("core", " or ")) : said(f_.host, PETAL_TR("core", ", "))) +
+                addresses[i];
+    return said(f_.host, PETAL_TR("core", "Your opponent can join at %1, port %2."), {list, port});
 }
 
 bool Connection::waitForPeer(const std::string& caption, const std::string& message) {

@@ -10,6 +10,8 @@
 #include "assets/Pictures.h"
 #include "net/FrmConnectionStatus.h"
 #include "platform/qt/QtHost.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
@@ -22,11 +24,11 @@ constexpr int kSyncMs = 100;
 ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost& host, PictureStore& pictures,
                                                QWidget* parent)
     : FormDialog(form, host, parent), form_(form), message_(new QLabel(this)), detail_(new QLabel(this)) {
-    setWindowTitle(QString::fromStdString(form.Caption));
+    setWindowTitle(Language::core(form.Caption));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(18, 14, 18, 12);
     layout->setSpacing(12);
-    message_->setText(QString::fromStdString(form.Label1));
+    message_->setText(Language::core(form.Label1));
     message_->setAlignment(Qt::AlignCenter);
     message_->setWordWrap(true);
     layout->addWidget(message_);
@@ -51,7 +53,7 @@ ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost
     }
     row->addStretch();
     layout->addLayout(row);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    auto* cancel = new QPushButton(Language::core(PETAL_TR("core", "Cancel")), this);
     cancel->setFixedWidth(90);
     layout->addWidget(cancel, 0, Qt::AlignHCenter);
     onClick(cancel, [this] { form_.cmdCancel_Click(); });
@@ -65,8 +67,8 @@ ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost
 
 void ConnectionStatusDialog::sync() {
     if (!form_.loaded()) return;
-    setWindowTitle(QString::fromStdString(form_.Caption));
-    message_->setText(QString::fromStdString(form_.Label1));
+    setWindowTitle(Language::core(form_.Caption));
+    message_->setText(Language::core(form_.Label1));
     detail_->setText(QString::fromStdString(form_.Label2));
     detail_->setVisible(!form_.Label2.empty());
     for (int i = 0; i < 3; ++i) cards_[i]->setVisible(form_.imgCardVisible[i]);

@@ -23,7 +23,7 @@ std::string fillIn(std::string_view pattern, std::initializer_list<std::string_v
 }
 
 std::string said(Host& host, const char* pattern, std::initializer_list<std::string_view> args) {
-    return fillIn(host.translate(pattern), args);
+    return fillIn(host.translate("core", pattern), args);
 }
 
 }  // namespace petal

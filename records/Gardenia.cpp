@@ -8,6 +8,7 @@
 #include "platform/Host.h"
 #include "records/AtomicFile.h"
 #include "records/SetAside.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -168,8 +169,8 @@ void Gardenia::WriteSettings(int GameType, int Rounds, int UseYaku, int PlayMode
     g_.gRounds = Rounds;
     g_.gPlayMode = PlayMode;
     g_.gUseYaku = UseYaku != 0;
-    if (PlayMode == 1) mainCaption_ = "Petalgarden (Server)";
-    else if (PlayMode == 2) mainCaption_ = "Petalgarden (Client)";
+    if (PlayMode == 1) mainCaption_ = PETAL_TR("core", "Petalgarden (Server)");
+    else if (PlayMode == 2) mainCaption_ = PETAL_TR("core", "Petalgarden (Client)");
     else if (PlayMode == 0) mainCaption_ = "Petalgarden";
 }
 

@@ -83,8 +83,8 @@ void QtCoreHost::post(std::function<void()> call) {
 
 std::string QtCoreHost::timeText() { return QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toStdString(); }
 
-std::string QtCoreHost::translate(const char* pattern) {
-    return QCoreApplication::translate("core", pattern).toStdString();
+std::string QtCoreHost::translate(const char* context, const char* text) {
+    return QCoreApplication::translate(context, text).toStdString();
 }
 
 std::string QtCoreHost::dateText() { return QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")).toStdString(); }
