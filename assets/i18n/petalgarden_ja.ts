@@ -269,7 +269,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>あなたの番です。</translation>
     </message>
     <message>
-        <source>%1&apos;s turn.</source>
+        <source>%1's turn.</source>
         <translation>%1の番です。</translation>
     </message>
     <message>
@@ -393,7 +393,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>。</translation>
     </message>
     <message>
-        <source>%1&apos;s hand, %2 cards</source>
+        <source>%1's hand, %2 cards</source>
         <translation>%1の手札、%2枚</translation>
     </message>
     <message>
@@ -401,7 +401,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>あなたの得点、%1</translation>
     </message>
     <message>
-        <source>%1&apos;s score, %2</source>
+        <source>%1's score, %2</source>
         <translation>%1の得点、%2</translation>
     </message>
     <message>
@@ -409,7 +409,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>、あなたの番</translation>
     </message>
     <message>
-        <source>, %1&apos;s turn</source>
+        <source>, %1's turn</source>
         <translation>、%1の番</translation>
     </message>
     <message>
@@ -453,7 +453,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>%1の札の一枚</translation>
     </message>
     <message>
-        <source>Close the yaku&apos;s cards</source>
+        <source>Close the yaku's cards</source>
         <translation>役の札を閉じる</translation>
     </message>
     <message>
@@ -581,11 +581,11 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>あなたの発言</translation>
     </message>
     <message>
-        <source>the opponent&apos;s move &quot;%1&quot; does not fit this table</source>
+        <source>the opponent's move "%1" does not fit this table</source>
         <translation>相手の手「%1」がこちらの場と合いません</translation>
     </message>
     <message>
-        <source>the opponent&apos;s move &quot;%1&quot; does not fit the flipped card</source>
+        <source>the opponent's move "%1" does not fit the flipped card</source>
         <translation>相手の手「%1」がめくれた札と合いません</translation>
     </message>
     <message>
@@ -613,15 +613,15 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>再戦なし</translation>
     </message>
     <message>
-        <source>the host&apos;s options &quot;%1&quot; came after the game had begun</source>
+        <source>the host's options "%1" came after the game had begun</source>
         <translation>ホストの設定「%1」がゲーム開始後に届きました</translation>
     </message>
     <message>
-        <source>the host&apos;s options &quot;%1&quot; are no game that can be played</source>
+        <source>the host's options "%1" are no game that can be played</source>
         <translation>ホストの設定「%1」では遊べません</translation>
     </message>
     <message>
-        <source>the move &quot;%1&quot; names no card</source>
+        <source>the move "%1" names no card</source>
         <translation>手「%1」がどの札も指していません</translation>
     </message>
     <message>
@@ -797,7 +797,7 @@ The connection has been closed, and the game goes on without your opponent.</sou
         <translation>Petalgarden（クライアント）</translation>
     </message>
     <message>
-        <source>The Hall of Fame file &quot;%1&quot; cannot be opened: %2.</source>
+        <source>The Hall of Fame file "%1" cannot be opened: %2.</source>
         <translation>殿堂のファイル「%1」を開けません：%2。</translation>
     </message>
     <message>
@@ -821,7 +821,7 @@ Retry, or Cancel to play on without the Hall of Fame.</source>
         <translation>アクセスできません</translation>
     </message>
     <message>
-        <source>The Hall of Fame file &quot;%1&quot; cannot be %2: %3.</source>
+        <source>The Hall of Fame file "%1" cannot be %2: %3.</source>
         <translation>殿堂のファイル「%1」を処理できません（%2）：%3。</translation>
     </message>
     <message>
@@ -853,7 +853,7 @@ Another program holds the file. Retry once it has let go, or Cancel to go on wit
         <translation>点差のグラフ</translation>
     </message>
     <message>
-        <source>The statistics file &quot;%1&quot; cannot be opened: %2.
+        <source>The statistics file "%1" cannot be opened: %2.
 
 The game goes on; its results are not recorded.</source>
         <translation>成績のファイル「%1」を開けません：%2。
@@ -865,11 +865,11 @@ The game goes on; its results are not recorded.</source>
         <translation>脇に移せません（%1）</translation>
     </message>
     <message>
-        <source>It is kept as &quot;%1&quot;</source>
+        <source>It is kept as "%1"</source>
         <translation>「%1」として残してあります</translation>
     </message>
     <message>
-        <source>The statistics file &quot;%1&quot; cannot be used: %2.
+        <source>The statistics file "%1" cannot be used: %2.
 
 %3, and a new record begins.</source>
         <translation>成績のファイル「%1」は使えません：%2。
@@ -877,7 +877,7 @@ The game goes on; its results are not recorded.</source>
 %3。新しい記録を始めます。</translation>
     </message>
     <message>
-        <source>The statistics file &quot;%1&quot; cannot be %2: %3.
+        <source>The statistics file "%1" cannot be %2: %3.
 
 The game goes on.</source>
         <translation>成績のファイル「%1」を処理できません（%2）：%3。
@@ -1058,18 +1058,18 @@ The computer you chose plays until the program ends.</source>
     </message>
     <message>
         <source>Copyright © %1 The Petalgarden developers. Free software under GPL-3.0-or-later.</source>
-        <translation>Copyright © %1 The Petalgarden developers. GPL-3.0-or-later のフリーソフトウェアです。</translation>
+        <translation>Copyright © %1 Petalgarden 開発者一同。GPL-3.0-or-later のフリーソフトウェアです。</translation>
     </message>
     <message>
         <source>Click Here to Close.....</source>
         <translation>ここをクリックして閉じる.....</translation>
     </message>
     <message>
-        <source>designed for Windows&apos;98</source>
-        <translation>Windows&apos;98 向けに設計</translation>
+        <source>designed for Windows'98</source>
+        <translation>Windows'98 向けに設計</translation>
     </message>
     <message>
-        <source>The game in progress cannot be saved: the file &quot;%1&quot; cannot be %2: %3.
+        <source>The game in progress cannot be saved: the file "%1" cannot be %2: %3.
 
 The game goes on, but it cannot be resumed if the program ends.</source>
         <translation>進行中のゲームを保存できません。ファイル「%1」を処理できません（%2）：%3。
@@ -1145,7 +1145,7 @@ The game goes on, but it cannot be resumed if the program ends.</source>
         <translation>長すぎます</translation>
     </message>
     <message>
-        <source>it is a game against a computer (&quot;%1&quot;) that this version does not have</source>
+        <source>it is a game against a computer ("%1") that this version does not have</source>
         <translation>このバージョンにないコンピューター（「%1」）との対戦です</translation>
     </message>
     <message>
@@ -1153,11 +1153,11 @@ The game goes on, but it cannot be resumed if the program ends.</source>
         <translation>脇に移せません（%1）。</translation>
     </message>
     <message>
-        <source>It is kept as &quot;%1&quot;.</source>
+        <source>It is kept as "%1".</source>
         <translation>「%1」として残してあります。</translation>
     </message>
     <message>
-        <source>The saved game &quot;%1&quot; cannot be resumed: %2.
+        <source>The saved game "%1" cannot be resumed: %2.
 
 %3</source>
         <translation>保存したゲーム「%1」は再開できません：%2。
@@ -1251,6 +1251,10 @@ The game goes on, but it cannot be resumed if the program ends.</source>
     <message>
         <source>YAKU AVG</source>
         <translation>平均役数</translation>
+    </message>
+    <message>
+        <source>Tournament Score Card</source>
+        <translation>トーナメント得点表</translation>
     </message>
 </context>
 </TS>
