@@ -22,6 +22,8 @@ struct TcpOptions {
     // Host only: a lost or faulty peer ends nothing; the host listens again for the next one,
     // until N deals have ended. Each such end is told on err.
     bool stay = false;
+    // The language of this side's words, which never cross the wire.
+    std::string language = "en";
 };
 
 // Exit 0 after N deals and the designed end of the session; otherwise 1, the reason on err.
