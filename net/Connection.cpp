@@ -43,9 +43,13 @@ void Connection::tmrWinsockState_Timer() {
     Socket& s = *f_.tcpMultiPlayer;
     MainVars& m = f_.m;
     Globals& g = f_.g;
+    // The poll runs no other events of its own: a game that ran inside its tick (an end of deal,
+    // a wait for the peer's answer) would keep it from ticking, and a lost peer would never be
+    // seen. What came just before the end of the connection is taken before the end is told.
+    const bool ending = s.State() == Socket::sckClosing || s.State() == Socket::sckError;
+    if (ending) f_.net.receivePending();
     if (s.State() == Socket::sckClosing && g.gPlayMode == 2) hostLost();
     if (m.mConnected) return;
-    f_.host.doEvents();
     if (s.State() != g.gConnectState) {
         g.gConnectState = s.State();
         actOnState(g.gConnectState);

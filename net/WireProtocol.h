@@ -36,6 +36,10 @@ public:
     // Sends one message and waits until it has left (nothing is sent without a connection).
     void send(const std::string& message);
     void CompleteSend();
+    // Dispatches now what came and waits for its own call, if anything does.
+    void receivePending() {
+        if (receivePosted_) receive();
+    }
 
     // The oldest move of the remote player not yet replayed, or nullptr.
     const Move* nextMove() const { return moves_.empty() ? nullptr : &moves_.front(); }

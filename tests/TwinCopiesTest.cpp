@@ -110,6 +110,7 @@ const char* const kTournament2 = "1\r\n2\r\n-1\r\n0\r\n";
 
 const Session kSessions[] = {
     {"the host declines while the client waits", nullptr, {"--again", "^N"}, {"--again", "Y"}, {}, "client"},
+    {"the client declines while the host waits", nullptr, {"--again", "Y"}, {"--again", "^N", "--chat"}, {}, "host"},
     {"both say yes, then both no, with chat", nullptr, {"--again", "^Y,N", "--chat"}, {"--again", "Y,^N", "--chat"}, {}, nullptr},
     {"a tournament that ends declined on the waiting client", kTournament2, {"--again", "^N", "--cards", "OK,^OK", "--chat"},
      {"--again", "Y", "--cards", "^OK,OK", "--reconnect", "Y,N", "--chat"}, {}, "client"},

@@ -109,8 +109,18 @@ std::string TwinUser::answerOf(const std::vector<std::string>& answers, const st
     answer.erase(0, 1);
     std::ifstream peer(plan_.peer / "twin.log");
     const std::string mark = "answer " + key + "#" + std::to_string(number) + " ";
-    for (std::string line; std::getline(peer, line);)
-        if (line.rfind(mark, 0) == 0 || line.rfind("end ", 0) == 0) return answer;
+    // A peer that said yes to another game is waited for until it waits for this side's answer:
+    // one that came while its own question stood would go unreported, as it should.
+    bool answered = false;
+    for (std::string line; std::getline(peer, line);) {
+        if (line.rfind("end ", 0) == 0) return answer;
+        if (line.rfind(mark, 0) == 0) {
+            if (key != "again" || line.rfind(mark + "Y", 0) != 0) return answer;
+            answered = true;
+        } else if (answered && line.rfind("form Please Wait... | Asking", 0) == 0) {
+            return answer;
+        }
+    }
     return waited_.elapsed() > 10000 ? answer : "";
 }
 
