@@ -1256,5 +1256,55 @@ The game goes on, but it cannot be resumed if the program ends.</source>
         <source>Tournament Score Card</source>
         <translation>トーナメント得点表</translation>
     </message>
+    <message>
+        <source>%1
+
+Restore Defaults keeps it as "%2" beside it and goes on with the usual options; Close ends the program.</source>
+        <translation>%1
+
+「デフォルトに戻す」を押すと、ファイルを「%2」として横に残し、いつもの設定で続けます。「閉じる」を押すとプログラムを終えます。</translation>
+    </message>
+    <message>
+        <source>
+  line 1, the game type, %1: %2</source>
+        <translation>
+  1行目（勝負の形式）は%1：%2</translation>
+    </message>
+    <message>
+        <source>
+  line 2, the rounds, %1: %2</source>
+        <translation>
+  2行目（回戦数）は%1：%2</translation>
+    </message>
+    <message>
+        <source>
+  line 3, the yaku flag, %1: %2</source>
+        <translation>
+  3行目（役を使うか）は%1：%2</translation>
+    </message>
+    <message>
+        <source>holds no number</source>
+        <translation>数がありません</translation>
+    </message>
+    <message>
+        <source>a single game (0) is taken instead</source>
+        <translation>代わりに一局勝負（0）を使います</translation>
+    </message>
+    <message>
+        <source>10 is taken instead</source>
+        <translation>代わりに10を使います</translation>
+    </message>
+    <message>
+        <source>yaku count (-1) is taken instead</source>
+        <translation>代わりに役を使う（-1）にします</translation>
+    </message>
+    <message>
+        <source>The settings file "%1" holds values that the game cannot play with:%2.
+
+The file stays as it is until you press OK in Setup.</source>
+        <translation>設定ファイル「%1」に、ゲームで使えない値があります：%2。
+
+設定で OK を押すまで、ファイルはそのままです。</translation>
+    </message>
 </context>
 </TS>
