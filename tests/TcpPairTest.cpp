@@ -1,5 +1,6 @@
 // Two headless players over real TCP on this machine: the program's own socket code carries
-// whole deals, and the two traces are the same events seen from the two sides.
+// whole deals, and the two traces are the same events seen from the two sides, whatever language
+// each side speaks.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -46,7 +47,8 @@ TEST(TcpPair, TwoPlayersOverLoopbackPlayWholeGamesThatMirror) {
     for (const Session& s : sessions) {
         SCOPED_TRACE(s.name);
         const std::string port = std::to_string(freePort());
-        std::vector<std::string> hostArgs = {"host", "--port", port, "--trace"};
+        // The host speaks Japanese and the client English: the wire carries the same game.
+        std::vector<std::string> hostArgs = {"host", "--port", port, "--trace", "--language", "ja"};
         hostArgs.insert(hostArgs.end(), s.hostOptions.begin(), s.hostOptions.end());
         const pid_t host = startTool(hostArgs, dir.path() / "host.txt");
         ASSERT_TRUE(listening(std::stoi(port), std::chrono::seconds(10)));
