@@ -269,7 +269,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>あなたの番です。</translation>
     </message>
     <message>
-        <source>%1's turn.</source>
+        <source>%1&apos;s turn.</source>
         <translation>%1の番です。</translation>
     </message>
     <message>
@@ -393,7 +393,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>。</translation>
     </message>
     <message>
-        <source>%1's hand, %2 cards</source>
+        <source>%1&apos;s hand, %2 cards</source>
         <translation>%1の手札、%2枚</translation>
     </message>
     <message>
@@ -401,7 +401,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>あなたの得点、%1</translation>
     </message>
     <message>
-        <source>%1's score, %2</source>
+        <source>%1&apos;s score, %2</source>
         <translation>%1の得点、%2</translation>
     </message>
     <message>
@@ -409,7 +409,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>、あなたの番</translation>
     </message>
     <message>
-        <source>, %1's turn</source>
+        <source>, %1&apos;s turn</source>
         <translation>、%1の番</translation>
     </message>
     <message>
@@ -453,7 +453,7 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>%1の札の一枚</translation>
     </message>
     <message>
-        <source>Close the yaku's cards</source>
+        <source>Close the yaku&apos;s cards</source>
         <translation>役の札を閉じる</translation>
     </message>
     <message>
@@ -533,14 +533,6 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>このコンピューターはネットワークにつながっていません。参加できるのはこのコンピューター上のゲームだけです（ポート %1）。</translation>
     </message>
     <message>
-        <source> or </source>
-        <translation> または </translation>
-    </message>
-    <message>
-        <source>Your opponent can join at %1, port %2.</source>
-        <translation>対戦相手は %1 のポート %2 に参加できます。</translation>
-    </message>
-    <message>
         <source>Cancel</source>
         <translation>キャンセル</translation>
     </message>
@@ -581,11 +573,11 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>あなたの発言</translation>
     </message>
     <message>
-        <source>the opponent's move "%1" does not fit this table</source>
+        <source>the opponent&apos;s move &quot;%1&quot; does not fit this table</source>
         <translation>相手の手「%1」がこちらの場と合いません</translation>
     </message>
     <message>
-        <source>the opponent's move "%1" does not fit the flipped card</source>
+        <source>the opponent&apos;s move &quot;%1&quot; does not fit the flipped card</source>
         <translation>相手の手「%1」がめくれた札と合いません</translation>
     </message>
     <message>
@@ -613,15 +605,15 @@ It is installed with the game; installing Petalgarden again brings it back.</sou
         <translation>再戦なし</translation>
     </message>
     <message>
-        <source>the host's options "%1" came after the game had begun</source>
+        <source>the host&apos;s options &quot;%1&quot; came after the game had begun</source>
         <translation>ホストの設定「%1」がゲーム開始後に届きました</translation>
     </message>
     <message>
-        <source>the host's options "%1" are no game that can be played</source>
+        <source>the host&apos;s options &quot;%1&quot; are no game that can be played</source>
         <translation>ホストの設定「%1」では遊べません</translation>
     </message>
     <message>
-        <source>the move "%1" names no card</source>
+        <source>the move &quot;%1&quot; names no card</source>
         <translation>手「%1」がどの札も指していません</translation>
     </message>
     <message>
@@ -797,7 +789,7 @@ The connection has been closed, and the game goes on without your opponent.</sou
         <translation>Petalgarden（クライアント）</translation>
     </message>
     <message>
-        <source>The Hall of Fame file "%1" cannot be opened: %2.</source>
+        <source>The Hall of Fame file &quot;%1&quot; cannot be opened: %2.</source>
         <translation>殿堂のファイル「%1」を開けません：%2。</translation>
     </message>
     <message>
@@ -821,7 +813,7 @@ Retry, or Cancel to play on without the Hall of Fame.</source>
         <translation>アクセスできません</translation>
     </message>
     <message>
-        <source>The Hall of Fame file "%1" cannot be %2: %3.</source>
+        <source>The Hall of Fame file &quot;%1&quot; cannot be %2: %3.</source>
         <translation>殿堂のファイル「%1」を処理できません（%2）：%3。</translation>
     </message>
     <message>
@@ -853,7 +845,7 @@ Another program holds the file. Retry once it has let go, or Cancel to go on wit
         <translation>点差のグラフ</translation>
     </message>
     <message>
-        <source>The statistics file "%1" cannot be opened: %2.
+        <source>The statistics file &quot;%1&quot; cannot be opened: %2.
 
 The game goes on; its results are not recorded.</source>
         <translation>成績のファイル「%1」を開けません：%2。
@@ -865,11 +857,11 @@ The game goes on; its results are not recorded.</source>
         <translation>脇に移せません（%1）</translation>
     </message>
     <message>
-        <source>It is kept as "%1"</source>
+        <source>It is kept as &quot;%1&quot;</source>
         <translation>「%1」として残してあります</translation>
     </message>
     <message>
-        <source>The statistics file "%1" cannot be used: %2.
+        <source>The statistics file &quot;%1&quot; cannot be used: %2.
 
 %3, and a new record begins.</source>
         <translation>成績のファイル「%1」は使えません：%2。
@@ -877,7 +869,7 @@ The game goes on; its results are not recorded.</source>
 %3。新しい記録を始めます。</translation>
     </message>
     <message>
-        <source>The statistics file "%1" cannot be %2: %3.
+        <source>The statistics file &quot;%1&quot; cannot be %2: %3.
 
 The game goes on.</source>
         <translation>成績のファイル「%1」を処理できません（%2）：%3。
@@ -1013,14 +1005,6 @@ The game goes on with its usual options.</source>
         <translation>入力が必要です</translation>
     </message>
     <message>
-        <source>%1
-
-The computer you chose plays until the program ends.</source>
-        <translation>%1
-
-選んだコンピューターはプログラムを終了するまで対戦します。</translation>
-    </message>
-    <message>
         <source>Your opponent is connected.  Saving the changes you made will end the connection.  Do you want to proceed?</source>
         <translation>対戦相手が接続しています。変更を保存すると接続が切れます。続けますか？</translation>
     </message>
@@ -1065,11 +1049,11 @@ The computer you chose plays until the program ends.</source>
         <translation>ここをクリックして閉じる.....</translation>
     </message>
     <message>
-        <source>designed for Windows'98</source>
-        <translation>Windows'98 向けに設計</translation>
+        <source>designed for Windows&apos;98</source>
+        <translation>Windows&apos;98 向けに設計</translation>
     </message>
     <message>
-        <source>The game in progress cannot be saved: the file "%1" cannot be %2: %3.
+        <source>The game in progress cannot be saved: the file &quot;%1&quot; cannot be %2: %3.
 
 The game goes on, but it cannot be resumed if the program ends.</source>
         <translation>進行中のゲームを保存できません。ファイル「%1」を処理できません（%2）：%3。
@@ -1145,7 +1129,7 @@ The game goes on, but it cannot be resumed if the program ends.</source>
         <translation>長すぎます</translation>
     </message>
     <message>
-        <source>it is a game against a computer ("%1") that this version does not have</source>
+        <source>it is a game against a computer (&quot;%1&quot;) that this version does not have</source>
         <translation>このバージョンにないコンピューター（「%1」）との対戦です</translation>
     </message>
     <message>
@@ -1153,11 +1137,11 @@ The game goes on, but it cannot be resumed if the program ends.</source>
         <translation>脇に移せません（%1）。</translation>
     </message>
     <message>
-        <source>It is kept as "%1".</source>
+        <source>It is kept as &quot;%1&quot;.</source>
         <translation>「%1」として残してあります。</translation>
     </message>
     <message>
-        <source>The saved game "%1" cannot be resumed: %2.
+        <source>The saved game &quot;%1&quot; cannot be resumed: %2.
 
 %3</source>
         <translation>保存したゲーム「%1」は再開できません：%2。
@@ -1259,7 +1243,7 @@ The game goes on, but it cannot be resumed if the program ends.</source>
     <message>
         <source>%1
 
-Restore Defaults keeps it as "%2" beside it and goes on with the usual options; Close ends the program.</source>
+Restore Defaults keeps it as &quot;%2&quot; beside it and goes on with the usual options; Close ends the program.</source>
         <translation>%1
 
 「デフォルトに戻す」を押すと、ファイルを「%2」として横に残し、いつもの設定で続けます。「閉じる」を押すとプログラムを終えます。</translation>
@@ -1299,12 +1283,92 @@ Restore Defaults keeps it as "%2" beside it and goes on with the usual options; 
         <translation>代わりに役を使う（-1）にします</translation>
     </message>
     <message>
-        <source>The settings file "%1" holds values that the game cannot play with:%2.
+        <source>The settings file &quot;%1&quot; holds values that the game cannot play with:%2.
 
 The file stays as it is until you press OK in Setup.</source>
         <translation>設定ファイル「%1」に、ゲームで使えない値があります：%2。
 
 設定で OK を押すまで、ファイルはそのままです。</translation>
+    </message>
+    <message>
+        <source>on your own network</source>
+        <translation>同じネットワークから</translation>
+    </message>
+    <message>
+        <source>on the internet, through your router</source>
+        <translation>インターネットから（ルーター経由）</translation>
+    </message>
+    <message>
+        <source>on the internet, over IPv6</source>
+        <translation>インターネットから（IPv6）</translation>
+    </message>
+    <message>
+        <source>on the internet</source>
+        <translation>インターネットから</translation>
+    </message>
+    <message>
+        <source>A friend on the internet can still join over IPv6, or through a port forwarded to this computer by hand or by your provider.</source>
+        <translation>それでも、インターネットの友だちは IPv6 で参加できます。ルーターやプロバイダーでこのコンピューターへのポート転送を設定しても参加できます。</translation>
+    </message>
+    <message>
+        <source>Asking your router to open port %1 for a friend on the internet...</source>
+        <translation>インターネットの友だちのために、ルーターにポート %1 を開くよう頼んでいます…</translation>
+    </message>
+    <message>
+        <source>Your friend can join at %1, port %2.</source>
+        <translation>友だちは %1 のポート %2 に参加できます。</translation>
+    </message>
+    <message>
+        <source>No router answered the request to open port %1. %2</source>
+        <translation>ポート %1 を開く依頼に、どのルーターも応答しませんでした。%2</translation>
+    </message>
+    <message>
+        <source>Your router refused to open port %1. %2</source>
+        <translation>ルーターがポート %1 を開くのを断りました。%2</translation>
+    </message>
+    <message>
+        <source>Your router refused to open port %1 (%2). %3</source>
+        <translation>ルーターがポート %1 を開くのを断りました（%2）。%3</translation>
+    </message>
+    <message>
+        <source>Your router&apos;s own address on the internet is private or shared (a carrier&apos;s NAT), so opening a port on it cannot help. %1</source>
+        <translation>ルーター自身のインターネット側アドレスがプライベートまたは共有（通信事業者の NAT）のため、ポートを開いても役に立ちません。%1</translation>
+    </message>
+    <message>
+        <source>Your router&apos;s own address on the internet, %1, is private or shared (a carrier&apos;s NAT), so opening a port on it cannot help. %2</source>
+        <translation>ルーター自身のインターネット側アドレス %1 がプライベートまたは共有（通信事業者の NAT）のため、ポートを開いても役に立ちません。%2</translation>
+    </message>
+    <message>
+        <source>&lt;b&gt;%1&lt;/b&gt;, port %2&lt;br&gt;&lt;small&gt;%3&lt;/small&gt;</source>
+        <translation>&lt;b&gt;%1&lt;/b&gt;　ポート %2&lt;br&gt;&lt;small&gt;%3&lt;/small&gt;</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>コピー</translation>
+    </message>
+    <message>
+        <source>Copy %1</source>
+        <translation>%1 をコピー</translation>
+    </message>
+    <message>
+        <source>Host Address</source>
+        <translation>ホストのアドレス</translation>
+    </message>
+    <message>
+        <source>%1
+
+The options you chose hold until the program ends.</source>
+        <translation>%1
+
+選んだ設定は、プログラムを終了するまで有効です。</translation>
+    </message>
+    <message>
+        <source>The host&apos;s address cannot be read.  Type a name, an IPv4 address or an IPv6 address, and a port after a colon if it is not 4800: for example 192.0.2.7, host.example:5000 or [2001:db8::7]:5000.</source>
+        <translation>ホストのアドレスを読み取れません。名前、IPv4 アドレス、または IPv6 アドレスを入力してください。ポートが 4800 でなければコロンの後に書きます。例：192.0.2.7、host.example:5000、[2001:db8::7]:5000</translation>
+    </message>
+    <message>
+        <source>Let friends across the internet join (opens the port on your router)</source>
+        <translation>インターネットの友だちも参加できるようにする（ルーターのポートを開きます）</translation>
     </message>
 </context>
 </TS>
