@@ -178,6 +178,7 @@ void Dealer::DealCards() {
     f_.tmrComputer.setInterval(500);
     f_.tmrFlipTimer.setInterval(500);
     showLeader();
+    f_.seenPlays.clear();
     if (f_.events) f_.events->dealt();
     f_.journal.dealt(newGame, rndBefore);
 }
