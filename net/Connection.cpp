@@ -53,6 +53,8 @@ void Connection::tmrWinsockState_Timer() {
     // The poll runs no other events of its own: a game that ran inside its tick (an end of deal,
     // a wait for the peer's answer) would keep it from ticking, and a lost peer would never be
     // seen. What came just before the end of the connection is taken before the end is told.
+    // A refusal that came just before the end is told first, and the end after it.
+    if (f_.net.tellingRefusal()) return;
     const bool ending = s.State() == Socket::sckClosing || s.State() == Socket::sckError;
     if (ending) f_.net.receivePending();
     if (s.State() == Socket::sckClosing && g.gPlayMode == 2) hostLost();

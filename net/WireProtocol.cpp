@@ -192,6 +192,11 @@ void WireProtocol::tellRestart() {
 }
 
 void WireProtocol::tellRefusal() {
+    tellingRefusal_ = true;
+    struct Reset {
+        bool& flag;
+        ~Reset() { flag = false; }
+    } reset{tellingRefusal_};
     f_.host.msgBox({PETAL_TR("core", "Your opponent declined a rematch."), PETAL_TR("core", "Rematch Declined"), MsgIcon::Information, MsgButtons::OK,
                     f_.g.gPlayMode == 1});
 }

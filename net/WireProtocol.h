@@ -52,6 +52,8 @@ public:
     void dealStarted();
     // A deal of this connection has been dealt.
     bool dealtInSession() const { return dealtInSession_; }
+    // "Your opponent declined a rematch." stands: the end of the connection that follows waits.
+    bool tellingRefusal() const { return tellingRefusal_; }
     // This side is about to ask "Do you want to play again?": an answer that came early is
     // taken now.
     void rematchAsked();
@@ -96,6 +98,7 @@ private:
     bool rematchAsked_ = false;
     bool dealtInSession_ = false;  // the host's options are no longer taken
     bool dealFromWire_ = false;
+    bool tellingRefusal_ = false;
     bool dispatching_ = false;
     bool leaving_ = false;
     Timer tmrSettle;
