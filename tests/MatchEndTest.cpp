@@ -1,8 +1,6 @@
 // The end of a deal: the wild card's claim, the banners and Hall of Fame offers, the next
 // starter, and whole deals and tournaments played to their end on the simulated host.
 
-#include <fstream>
-
 #include "GameFixture.h"
 #include "Policy.h"
 #include "SimPlay.h"
@@ -108,28 +106,6 @@ TEST_F(MatchEnd, AWonOrTiedSingleGameOffersTheHallOfFameAndALostOneDoesNot) {
         EXPECT_EQ(f->m.mTurn, 0) << "a single player always leads";
     }
     EXPECT_THAT(program->hof.GetHallOfFame(0), HasSubstr("Ayame,11/22/2026,60,0,N/A,N/A,N/A"));
-}
-
-// The design ended the program when the records could not be read at a game's end; now the
-// player is told once, at the start, and the question comes as after any game.
-TEST_F(MatchEnd, AHallOfFameThatCannotBeReadIsToldOnceAndTheGamesGoOn) {
-    program.reset();
-    std::ofstream(dir.path() / "HOF.mdb", std::ios::binary) << std::string(2048, 'x');
-    host = std::make_unique<SimHost>(dir.path());
-    host->expectMsgBox("", "", MsgResult::OK);
-    start();
-    for (int game = 0; game < 2; ++game) {
-        dealWith({}, {}, {});
-        f->ctl.panel[0].lblPointsTotal[3].Caption = "60";
-        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::Yes);
-        f->EndMatch();
-        EXPECT_FALSE(host->ending());
-        EXPECT_EQ(host->pendingAnswers(), 0u);
-    }
-    const MsgBox& told = host->shownBoxes()[0];
-    EXPECT_EQ(told.title, "Hall of Fame");
-    EXPECT_THAT(told.text, HasSubstr("cannot be opened: file is not a database"));
-    EXPECT_EQ(program->g.gGameInProgress, 1);
 }
 
 TEST_F(MatchEnd, TheOppositeSidesClaimCanCompleteAYakuThatScoresWithoutBeingCounted) {
