@@ -71,17 +71,6 @@ TEST_F(HandPlay, AClickMovesClearsOrDropsTheSelection) {
     EXPECT_EQ(visibleTableFrames(), 0);
 }
 
-TEST_F(HandPlay, NoClickWhileTheHourglassShowsOrAFlippedCardWaits) {
-    dealWith({kPineCrane}, {}, {kPineChaffA});
-    f->setMousePointer(FrmMain::kPointerHourglass);
-    f->play.imgPCard_Click(0);
-    EXPECT_FALSE(f->ctl.shpPHilite.Visible);
-    f->setMousePointer(FrmMain::kPointerDefault);
-    f->ctl.shpFlipCard.Visible = true;
-    f->play.imgPCard_Click(0);
-    EXPECT_FALSE(f->ctl.shpPHilite.Visible);
-}
-
 TEST_F(HandPlay, ACaptureSendsBothCardsAndEmptiesTheSlots) {
     // The deck's first card has no match, so the flip lies down by itself.
     dealWith({kPineCrane}, {}, {kPineChaffA, kPlumWarbler}, {kPaulowniaChaff});
