@@ -59,21 +59,30 @@ TEST_F(MatchEnd, TheWildCardsOwnerSweepsItsMonthAndTheWillowFromTheTable) {
     EXPECT_EQ(f->m.mYakuCards[0][6], 1) << "the claimed cherry ribbon counts for its yaku";
 }
 
-TEST_F(MatchEnd, TheNextStarterComparesTheTenPointRowsAsText) {
+// After a single game the ten-point rows, compared as text, name the next starter; in a
+// tournament the round's winner starts the next, dealt at once, and a tie gives it to the computer.
+TEST_F(MatchEnd, TheNextStarter) {
     struct Case {
+        int rounds, row;
         const char* mine;
         const char* theirs;
         int turn;
     };
-    const Case cases[] = {{"40", "100", 0}, {"100", "40", 1}, {"", "10", 1}, {"20", "20", 1}, {"30", "", 0}};
+    const Case cases[] = {{0, 1, "40", "100", 0}, {0, 1, "100", "40", 1}, {0, 1, "", "10", 1}, {0, 1, "20", "20", 1},
+                          {0, 1, "30", "", 0},    {3, 3, "60", "50", 0},  {3, 3, "50", "50", 1}, {3, 3, "40", "50", 1}};
     for (const Case& c : cases) {
         restart();
+        if (c.rounds) f->settings.WriteSettings(1, c.rounds, -1, 0);
         dealWith({}, {}, {});
-        f->ctl.panel[0].lblPointsTotal[1].Caption = c.mine;
-        f->ctl.panel[1].lblPointsTotal[1].Caption = c.theirs;
-        endDeal(MsgResult::No);
+        f->ctl.panel[0].lblPointsTotal[c.row].Caption = c.mine;
+        f->ctl.panel[1].lblPointsTotal[c.row].Caption = c.theirs;
+        host->onForm = [](Form& form) { form.Unload(); };
+        if (!c.rounds) host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::No);
+        f->EndMatch();
         EXPECT_EQ(f->m.mTurn, c.turn) << c.mine << " against " << c.theirs;
-        EXPECT_TRUE(host->ending());
+        EXPECT_EQ(host->ending(), c.rounds == 0);
+        if (c.rounds) EXPECT_EQ(f->tmrComputer.Enabled(), c.turn == 1) << "the next round is dealt at once";
+        if (c.rounds) EXPECT_TRUE(f->ctl.panel[c.turn].imgTurn.Visible && f->m.mRoundNo == 1);
     }
 }
 
@@ -179,27 +188,6 @@ TEST_F(MatchEnd, TheLastRoundOffersTheRoundAndTheTournamentEachByItsOwnRule) {
         };
         f->matchEnd.CheckWinLose();
         EXPECT_EQ(offers, c.offers) << c.rule;
-    }
-}
-
-TEST_F(MatchEnd, TheWinnerOfARoundStartsTheNextAndATieGivesItToTheComputer) {
-    struct Case {
-        const char* mine;
-        const char* theirs;
-        int turn;
-    };
-    for (const Case& c : {Case{"60", "50", 0}, Case{"50", "50", 1}, Case{"40", "50", 1}}) {
-        restart();
-        f->settings.WriteSettings(1, 3, -1, 0);
-        dealWith({}, {}, {});
-        f->ctl.panel[0].lblPointsTotal[3].Caption = c.mine;
-        f->ctl.panel[1].lblPointsTotal[3].Caption = c.theirs;
-        host->onForm = [](Form& form) { form.Unload(); };
-        f->EndMatch();
-        EXPECT_EQ(f->m.mRoundNo, 1);
-        EXPECT_EQ(f->m.mTurn, c.turn) << c.mine << " against " << c.theirs;
-        EXPECT_EQ(f->tmrComputer.Enabled(), c.turn == 1) << "the next round is dealt at once";
-        EXPECT_TRUE(f->ctl.panel[c.turn].imgTurn.Visible);
     }
 }
 
