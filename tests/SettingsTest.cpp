@@ -40,18 +40,6 @@ TEST_F(Settings, FirstStartWritesTheFourteenDefaultBytes) {
     EXPECT_FALSE(std::filesystem::exists(file().string() + ".tmp"));
 }
 
-TEST_F(Settings, AStoredNetworkModeIsReadButTheProgramStartsAlone) {
-    writeFile("1\r\n5\r\n1\r\n1\r\n");
-    start();
-    EXPECT_EQ(program->g.gPlayMode, 0);
-    EXPECT_EQ(program->g.gGameType, 1);
-    EXPECT_EQ(program->g.gRounds, 5);
-    EXPECT_TRUE(program->g.gUseYaku);  // the fallback's 1 reads as on
-    EXPECT_EQ(f->Caption, "Petalgarden");
-    EXPECT_FALSE(f->menu.mnuVChat.Enabled);
-    EXPECT_TRUE(f->menu.mnuVScore.Enabled);  // a tournament: the score card can be opened
-}
-
 // A file saved as UTF-16 used to be refused as holding more than four numbers, and a UTF-8
 // byte-order mark turned a tournament into a single game; lines that hold no number are marked.
 TEST_F(Settings, MissingNumbersReadAsZeroAndByteOrderMarksAreRead) {
@@ -172,6 +160,7 @@ TEST_F(Settings, UnplayableValuesTakeTheirDefaultAndAreTold) {
     const Case cases[] = {
         {"0\r\n0\r\n-1\r\n0\r\n", 0, 0, true, {}},
         {"1\r\n1\r\n-1\r\n0\r\n", 1, 1, true, {}},
+        {"1\r\n5\r\n1\r\n1\r\n", 1, 5, true, {}},  // a yaku flag of 1 is on; a stored network mode is no fault
         {"7\r\n5\r\n-1\r\n0\r\n", 0, 5, true, {"line 1, the game type, holds 7"}},
         {"1\r\n0\r\n-1\r\n0\r\n", 1, 10, true, {"line 2, the rounds, holds 0"}},
         {"-1\r\n-2\r\n0\r\n0\r\n", 0, 10, false, {"line 1, the game type, holds -1", "line 2, the rounds, holds -2"}},
