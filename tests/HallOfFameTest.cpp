@@ -111,12 +111,9 @@ TEST_F(HallOfFameTest, EqualScoresOrderByDateTextThenNameAndBlanksFollow) {
 // A file made elsewhere may hold more than ten rows: the entry takes the last of the order
 // away, not whichever row stands eleventh.
 TEST_F(HallOfFameTest, TheTrimOfALongTableRemovesItsLastRow) {
-    for (int score = 120; score >= 10; score -= 10) hof.AddHallOfFameEntry("X", 0, 0, 0, 0);
     hof.CloseHallOfFame();
-    query("DELETE FROM SingleStats");
-    for (int score = 120; score >= 10; score -= 10)
-        query("INSERT INTO SingleStats VALUES ('S" + std::to_string(score) + "', '01/01/2020', " +
-              std::to_string(score) + ", 0)");
+    exec("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 12) "
+         "INSERT INTO SingleStats SELECT 'S' || (i * 10), '01/01/2020', i * 10, 0 FROM n");
     hof.OpenHallOfFame();
     ASSERT_EQ(query("SELECT count(*) FROM SingleStats"), "12");
     hof.AddHallOfFameEntry("New", 125, 0, 0, 0);
