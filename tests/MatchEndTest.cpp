@@ -81,8 +81,10 @@ TEST_F(MatchEnd, TheNextStarter) {
         f->EndMatch();
         EXPECT_EQ(f->m.mTurn, c.turn) << c.mine << " against " << c.theirs;
         EXPECT_EQ(host->ending(), c.rounds == 0);
-        if (c.rounds) EXPECT_EQ(f->tmrComputer.Enabled(), c.turn == 1) << "the next round is dealt at once";
-        if (c.rounds) EXPECT_TRUE(f->ctl.panel[c.turn].imgTurn.Visible && f->m.mRoundNo == 1);
+        if (c.rounds) {
+            EXPECT_EQ(f->tmrComputer.Enabled(), c.turn == 1) << "the next round is dealt at once";
+            EXPECT_TRUE(f->ctl.panel[c.turn].imgTurn.Visible && f->m.mRoundNo == 1);
+        }
     }
 }
 

@@ -37,7 +37,9 @@ TEST_F(Startup, DuringAGameTheAnswerDecides) {
         const bool yes = c.answer == MsgResult::Yes, kept = !yes && !c.endsMeanwhile;
         EXPECT_EQ(host->ending(), yes);
         EXPECT_EQ(program->hof.isOpen(), !yes);
-        if (!yes) EXPECT_EQ(f->ctl.imgPCard[0].hasPicture() && f->tmrComputer.Enabled(), kept);
+        if (!yes) {
+            EXPECT_EQ(f->ctl.imgPCard[0].hasPicture() && f->tmrComputer.Enabled(), kept);
+        }
     }
 }
 
