@@ -40,6 +40,7 @@ if [ "${1:-}" = fuzz ]; then
 fi
 
 install cmake g++ make qt6-base-dev qt6-svg-dev libqt6svg6 qt6-multimedia-dev libqt6multimedia6 libsqlite3-dev libicu-dev libgtest-dev python3 \
+    qt6-tools-dev qt6-tools-dev-tools qt6-l10n-tools qt6-translations-l10n fonts-noto-cjk \
     fonts-liberation fonts-dejavu-core desktop-file-utils appstream dpkg-dev \
     xvfb xdotool dbus-daemon at-spi2-core python3-pyatspi \
     libminiupnpc-dev libnatpmp-dev miniupnpd-nftables nftables iproute2

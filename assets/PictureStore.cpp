@@ -45,8 +45,9 @@ QImage PictureStore::render(PictureId id, QSize pixelSize) {
         QImage source = render(info.derivedFrom, pixelSize);
         return info.grey ? greyed(source) : source;
     }
-    const QString file = QStringLiteral(":/assets/svg/%1.svg").arg(QString::fromUtf8(info.name.data(), info.name.size()));
-    QSvgRenderer svg(file);
+    const QString name = QString::fromUtf8(info.name.data(), info.name.size());
+    const QString own = QStringLiteral(":/assets/svg/%1_%2.svg").arg(name, QLocale().name().section(QLatin1Char('_'), 0, 0));
+    QSvgRenderer svg(QFile::exists(own) ? own : QStringLiteral(":/assets/svg/%1.svg").arg(name));
     if (!svg.isValid()) return placeholder(info, pixelSize);
     QImage image(pixelSize, QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
@@ -59,7 +60,7 @@ QImage PictureStore::render(PictureId id, QSize pixelSize) {
 
 QPixmap PictureStore::pixmap(PictureId id, QSizeF logicalSize, qreal dpr) {
     const QSize pixels = (logicalSize * dpr).toSize();
-    const Key key{id, pixels.width(), pixels.height(), qRound(dpr * 100)};
+    const Key key{id, pixels.width(), pixels.height(), qRound(dpr * 100), QLocale().language()};
     latest_.insert(id, key);
     if (const QPixmap* kept = cache_.object(key)) return *kept;
     QPixmap pixmap = QPixmap::fromImage(render(id, pixels));

@@ -1,7 +1,9 @@
 #pragma once
-// Renders the pictures of the registry from the SVG artwork, once per size and pixel ratio.
+// Renders the pictures of the registry from the SVG artwork, once per size and pixel ratio. A
+// picture with words is drawn from <name>_<language>.svg where the language spoken has one.
 #include <QCache>
 #include <QHash>
+#include <QLocale>
 #include <QPixmap>
 #include <QSizeF>
 
@@ -28,10 +30,11 @@ private:
         PictureId id;
         int w, h;  // device pixels
         int dprPercent;
+        QLocale::Language language;  // a picture with words has a drawing for each language
         bool operator==(const Key&) const = default;
     };
     friend size_t qHash(const Key& k, size_t seed) {
-        return qHashMulti(seed, k.id, k.w, k.h, k.dprPercent);
+        return qHashMulti(seed, k.id, k.w, k.h, k.dprPercent, k.language);
     }
     // A table resized many times must not keep every size: the least recently drawn go first.
     static constexpr qsizetype kCacheKiB = 192 * 1024;

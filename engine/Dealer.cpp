@@ -6,6 +6,7 @@
 #include "scoring/YakuImageLists.h"
 #include "shell/FrmMain.h"
 #include "platform/Host.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -16,9 +17,9 @@ void Dealer::imgDeck_Click() {
         return;
     }
     const std::string question = f_.g.gPlayMode == 1
-                                     ? "Do you want to restart this session with your opponent?"
-                                     : "Do you want to quit the game in progress?";
-    if (f_.host.msgBox({question, "Game In Progress", MsgIcon::Question, MsgButtons::YesNo}) != MsgResult::Yes)
+                                     ? PETAL_TR("core", "Do you want to restart this session with your opponent?")
+                                     : PETAL_TR("core", "Do you want to quit the game in progress?");
+    if (f_.host.msgBox({question, PETAL_TR("core", "Game In Progress"), MsgIcon::Question, MsgButtons::YesNo}) != MsgResult::Yes)
         return;
     f_.g.gGameInProgress = 0;
     if (f_.g.gPlayMode > 0) f_.sendToPeer("QUIT");
@@ -177,6 +178,7 @@ void Dealer::DealCards() {
     f_.tmrComputer.setInterval(500);
     f_.tmrFlipTimer.setInterval(500);
     showLeader();
+    f_.seenPlays.clear();
     if (f_.events) f_.events->dealt();
     f_.journal.dealt(newGame, rndBefore);
 }
@@ -213,7 +215,7 @@ void Dealer::showLeader() {
 }
 
 std::string Dealer::deckToolTip() const {
-    return f_.g.gGameInProgress == 0 && f_.g.gPlayMode != 2 ? "Click the deck to deal." : "";
+    return f_.g.gGameInProgress == 0 && f_.g.gPlayMode != 2 ? PETAL_TR("core", "Click the deck to deal.") : "";
 }
 
 }  // namespace petal

@@ -131,7 +131,10 @@ void HandPlay::imgTCard_Click(int Slot) {
         played = f_.g.gPlayMode == 2 ? static_cast<int>(c.imgPCard.at(handSlot).Tag.value()) : handSlot;
     else
         played = c.imgFlipCard.Tag.value();
-    if (fromHand) f_.journal.handPlayed(handSlot, Slot);
+    if (fromHand) {
+        f_.journal.handPlayed(handSlot, Slot);
+        f_.seenPlays.add(f_, 0, handSlot, static_cast<int>(c.imgPCard.at(handSlot).Tag.value()));
+    }
     f_.piles.captureFromTable(0, Slot, played, !fromHand);
     f_.piles.CalcPlayerPoints();
     if (fromHand) {
@@ -172,6 +175,7 @@ void HandPlay::imgTable_Click() {
         const int p = c.imgPCard.at(s).Tag.value();
         if (RelativeCheck(p, true) != -1) return;
         f_.journal.handPlayed(s, -1);
+        f_.seenPlays.add(f_, 0, s, p);
         const int slot = AddCardToTable(p);
         if (f_.events) f_.events->moved(0, false, p, -1, slot);
         if (f_.g.gPlayMode > 0) f_.sendToPeer("CARD," + std::to_string(s) + ",-1");

@@ -10,6 +10,7 @@
 #include "platform/Socket.h"
 #include "scoring/FrmScoreCard.h"
 #include "shell/FrmMain.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -70,11 +71,11 @@ void Connection::actOnState(int state) {
     Globals& g = f_.g;
     switch (state) {
         case Socket::sckListening:
-            showStatus(1, "Connection Status", "Waiting for your opponent to connect.");
+            showStatus(1, PETAL_TR("core", "Connection Status"), PETAL_TR("core", "Waiting for your opponent to connect."));
             break;
         case Socket::sckResolvingHost:
         case Socket::sckConnecting:
-            if (!f_.connectionStatus) showStatus(2, "Connection Status", "Attempting connection to your opponent.");
+            if (!f_.connectionStatus) showStatus(2, PETAL_TR("core", "Connection Status"), PETAL_TR("core", "Attempting connection to your opponent."));
             break;
         case Socket::sckConnected:
             clearStaleTable();
@@ -82,14 +83,14 @@ void Connection::actOnState(int state) {
                 if (f_.connectionStatus) f_.connectionStatus->Unload();
                 f_.net.send("SEUP," + std::to_string(g.gGameType) + "," + std::to_string(g.gRounds) + "," +
                             (g.gUseYaku ? "-1" : "0"));
-                f_.host.msgBox({"Your opponent has successfully connected to your computer.  "
-                                "Click the deck to start the match.  Good Luck!",
-                                "Connection Successful", MsgIcon::Information, MsgButtons::OK});
+                f_.host.msgBox({PETAL_TR("core", "Your opponent has successfully connected to your computer.  "
+                                                 "Click the deck to start the match.  Good Luck!"),
+                                PETAL_TR("core", "Connection Successful"), MsgIcon::Information, MsgButtons::OK});
             } else if (g.gPlayMode == 2) {
                 f_.m.mConnected = true;
                 // A host that dealt at once has started the game already: nothing to wait for.
                 if (g.gGameInProgress != 0) break;
-                showStatus(2, "Connection Successful", "Waiting for your host to start the game");
+                showStatus(2, PETAL_TR("core", "Connection Successful"), PETAL_TR("core", "Waiting for your host to start the game"));
                 if (f_.tcpMultiPlayer->State() != Socket::sckConnected) f_.m.mConnected = false;
             }
             break;
@@ -106,7 +107,8 @@ void Connection::actOnState(int state) {
 void Connection::hostLost() {
     endSessionPrompts();
     f_.net.tellHeldRefusal();
-    f_.host.msgBox({"Your host has just terminated the network connection.", "Remote Connection Closed",
+    f_.host.msgBox({PETAL_TR("core", "Your host has just terminated the network connection."),
+                    PETAL_TR("core", "Remote Connection Closed"),
                     MsgIcon::Exclamation, MsgButtons::OK});
     f_.m.mRoundNo = f_.g.gRounds + 1;
     fallBack(true);
@@ -117,19 +119,22 @@ void Connection::lossProcedure() {
     endSessionPrompts();
     if (f_.g.gConnectState == Socket::sckClosing) {
         f_.net.tellHeldRefusal();
-        f_.host.msgBox({"Your opponent has just terminated the network connection.", "Remote Connection Closed",
+        f_.host.msgBox({PETAL_TR("core", "Your opponent has just terminated the network connection."),
+                        PETAL_TR("core", "Remote Connection Closed"),
                         MsgIcon::Exclamation, MsgButtons::OK});
         unloadScoreCard();
         f_.m.mRoundNo = f_.g.gRounds + 1;
     } else {
-        f_.host.msgBox({"An error occurred while trying to connect to your opponent.", "Client Connection Closed",
+        f_.host.msgBox({PETAL_TR("core", "An error occurred while trying to connect to your opponent."),
+                        PETAL_TR("core", "Client Connection Closed"),
                         MsgIcon::Exclamation, MsgButtons::OK});
     }
     s.Close();
     f_.net.reset();
     f_.dealer.NewGame(true);
     const MsgResult again = f_.host.msgBox(
-        {"Do you want to try and reconnect?", "Reconnect", MsgIcon::Question, MsgButtons::YesNo});
+        {PETAL_TR("core", "Do you want to try and reconnect?"), PETAL_TR("core", "Reconnect"), MsgIcon::Question,
+         MsgButtons::YesNo});
     if (again != MsgResult::Yes) {
         fallBack(false);
         return;
@@ -157,7 +162,8 @@ void Connection::tcpMultiPlayer_Error(int Number, const std::string& Description
 void Connection::socketFailed(int Number, const std::string& Description) {
     Socket& s = *f_.tcpMultiPlayer;
     endSessionPrompts();
-    f_.host.msgBox({Description, "Winsock Error " + std::to_string(Number), MsgIcon::Exclamation, MsgButtons::OK});
+    f_.host.msgBox({Description, said(f_.host, PETAL_TR("core", "Winsock Error %1"), {std::to_string(Number)}),
+                    MsgIcon::Exclamation, MsgButtons::OK});
     s.Close();
     f_.net.reset();
     if (f_.g.gPlayMode != 2) {  // a host does not listen again by itself
@@ -165,7 +171,8 @@ void Connection::socketFailed(int Number, const std::string& Description) {
         return;
     }
     const MsgResult again = f_.host.msgBox(
-        {"Do you want to try and reconnect?", "Reconnect", MsgIcon::Question, MsgButtons::YesNo});
+        {PETAL_TR("core", "Do you want to try and reconnect?"), PETAL_TR("core", "Reconnect"), MsgIcon::Question,
+         MsgButtons::YesNo});
     if (again == MsgResult::Yes) {
         f_.g.gConnectState = 0;
         s.Connect();
@@ -200,46 +207,57 @@ void Connection::openRouterPort() {
 void Connection::closeRouterPort() { router_.reset(); }
 
 // The host's addresses and port, each marked for who can reach it, and what the router said.
+// The marks stay English in the model; the form's view says them in the player's language.
 void Connection::showWhereToJoin(FrmConnectionStatus& status) const {
     const int localPort = f_.tcpMultiPlayer->LocalPort;
     const std::string port = std::to_string(localPort);
+    const char* const ownNetwork = PETAL_TR("core", "on your own network");
     std::vector<JoinPlace> places;
     if (router_ && router_->state().outcome == RouterPort::Outcome::Mapped)
-        places.push_back({router_->state().externalAddress, "on the internet, through your router", localPort});
+        places.push_back({router_->state().externalAddress, PETAL_TR("core", "on the internet, through your router"), localPort});
     for (const std::string& address : f_.host.localAddresses()) {
         const bool ipv6 = address.find(':') != std::string::npos;
         // Global IPv6 addresses are 2000::/3; the rest (unique local ones) name a home network.
         const bool global = ipv6 ? (address[0] == '2' || address[0] == '3') : !unroutableIPv4(address);
-        places.push_back(
-            {address, !global ? "on your own network" : ipv6 ? "on the internet, over IPv6" : "on the internet", localPort});
+        places.push_back({address,
+                          !global ? ownNetwork
+                          : ipv6  ? PETAL_TR("core", "on the internet, over IPv6")
+                                  : PETAL_TR("core", "on the internet"),
+                          localPort});
     }
-    std::stable_partition(places.begin(), places.end(),
-                          [](const JoinPlace& p) { return p.what != "on your own network"; });
+    std::stable_partition(places.begin(), places.end(), [&](const JoinPlace& p) { return p.what != ownNetwork; });
     status.joinPlaces = places;
     std::string note = routerNote(port);
-    if (places.empty()) note = "This computer is on no network: only a game on this computer can join, at port " + port + ".";
+    if (places.empty())
+        note = said(f_.host, PETAL_TR("core", "This computer is on no network: only a game on this computer can join, at port %1."),
+                    {port});
     status.Label2 = note;
 }
 
 std::string Connection::routerNote(const std::string& port) const {
     if (!router_) return {};
     const RouterPort router = router_->state();
-    const std::string helps = "A friend on the internet can still join over IPv6, or through a port forwarded to this "
-                              "computer by hand or by your provider.";
+    const std::string helps = said(f_.host, PETAL_TR("core", "A friend on the internet can still join over IPv6, or through a port "
+                                                             "forwarded to this computer by hand or by your provider."));
     switch (router.outcome) {
         case RouterPort::Outcome::Asking:
-            return "Asking your router to open port " + port + " for a friend on the internet...";
+            return said(f_.host, PETAL_TR("core", "Asking your router to open port %1 for a friend on the internet..."), {port});
         case RouterPort::Outcome::Mapped:
-            return "Your friend can join at " + router.externalAddress + ", port " + port + ".";
+            return said(f_.host, PETAL_TR("core", "Your friend can join at %1, port %2."), {router.externalAddress, port});
         case RouterPort::Outcome::NoRouter:
-            return "No router answered the request to open port " + port + ". " + helps;
+            return said(f_.host, PETAL_TR("core", "No router answered the request to open port %1. %2"), {port, helps});
         case RouterPort::Outcome::Refused:
-            return "Your router refused to open port " + port + (router.reason.empty() ? "" : " (" + router.reason + ")") +
-                   ". " + helps;
+            if (router.reason.empty())
+                return said(f_.host, PETAL_TR("core", "Your router refused to open port %1. %2"), {port, helps});
+            return said(f_.host, PETAL_TR("core", "Your router refused to open port %1 (%2). %3"), {port, router.reason, helps});
         case RouterPort::Outcome::Unroutable:
-            return "Your router's own address on the internet" +
-                   (router.externalAddress.empty() ? "" : ", " + router.externalAddress + ",") +
-                   " is private or shared (a carrier's NAT), so opening a port on it cannot help. " + helps;
+            if (router.externalAddress.empty())
+                return said(f_.host, PETAL_TR("core", "Your router's own address on the internet is private or shared (a "
+                                                      "carrier's NAT), so opening a port on it cannot help. %1"),
+                            {helps});
+            return said(f_.host, PETAL_TR("core", "Your router's own address on the internet, %1, is private or shared (a "
+                                                  "carrier's NAT), so opening a port on it cannot help. %2"),
+                        {router.externalAddress, helps});
     }
     return {};
 }

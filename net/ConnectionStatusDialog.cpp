@@ -15,6 +15,8 @@
 #include "net/FrmConnectionStatus.h"
 #include "net/JoinAddress.h"
 #include "platform/qt/QtHost.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
@@ -32,11 +34,11 @@ ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost
       places_(new QWidget(this)),
       placeRows_(new QGridLayout(places_)),
       detail_(new QLabel(this)) {
-    setWindowTitle(QString::fromStdString(form.Caption));
+    setWindowTitle(Language::core(form.Caption));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(18, 14, 18, 12);
     layout->setSpacing(12);
-    message_->setText(QString::fromStdString(form.Label1));
+    message_->setText(Language::core(form.Label1));
     message_->setAlignment(Qt::AlignCenter);
     message_->setWordWrap(true);
     layout->addWidget(message_);
@@ -64,7 +66,7 @@ ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost
     }
     row->addStretch();
     layout->addLayout(row);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    auto* cancel = new QPushButton(Language::core(PETAL_TR("core", "Cancel")), this);
     cancel->setFixedWidth(90);
     layout->addWidget(cancel, 0, Qt::AlignHCenter);
     onClick(cancel, [this] { form_.cmdCancel_Click(); });
@@ -78,8 +80,8 @@ ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost
 
 void ConnectionStatusDialog::sync() {
     if (!form_.loaded()) return;
-    setWindowTitle(QString::fromStdString(form_.Caption));
-    message_->setText(QString::fromStdString(form_.Label1));
+    setWindowTitle(Language::core(form_.Caption));
+    message_->setText(Language::core(form_.Label1));
     detail_->setText(QString::fromStdString(form_.Label2));
     detail_->setVisible(!form_.Label2.empty());
     showPlaces();
@@ -100,15 +102,15 @@ void ConnectionStatusDialog::showPlaces() {
     }
     int row = 0;
     for (const JoinPlace& place : form_.joinPlaces) {
-        auto* address = new QLabel(QStringLiteral("<b>%1</b>, port %2<br><small>%3</small>")
+        auto* address = new QLabel(Language::core(PETAL_TR("core", "<b>%1</b>, port %2<br><small>%3</small>"))
                                        .arg(QString::fromStdString(place.address).toHtmlEscaped())
                                        .arg(place.port)
-                                       .arg(QString::fromStdString(place.what).toHtmlEscaped()),
+                                       .arg(Language::core(place.what).toHtmlEscaped()),
                                    places_);
         address->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        auto* copy = new QPushButton(QStringLiteral("Copy"), places_);
+        auto* copy = new QPushButton(Language::core(PETAL_TR("core", "Copy")), places_);
         copy->setFixedWidth(70);
-        copy->setAccessibleName(QStringLiteral("Copy %1").arg(QString::fromStdString(place.address)));
+        copy->setAccessibleName(Language::core(PETAL_TR("core", "Copy %1")).arg(QString::fromStdString(place.address)));
         const QString text = QString::fromStdString(joinAddressText(place.address, place.port, Connection::kPort));
         connect(copy, &QPushButton::clicked, this, [text] { QGuiApplication::clipboard()->setText(text); });
         placeRows_->addWidget(address, row, 0);

@@ -3,6 +3,7 @@
 #include "platform/Host.h"
 #include "platform/Socket.h"
 #include "shell/FrmMain.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -61,9 +62,10 @@ bool FrmConnectionStatus::Form_QueryUnload(bool byUser) {
     if (!byUser && !CancelPressed) return false;
     const bool host = ConnectMode == 1;
     const MsgResult answer = f_.host.msgBox(
-        {host ? "Your opponent will not be able to connect to your computer if you proceed.  Do you wish to proceed?"
-              : "Connection to your opponent will be terminated.  Do you want to proceed? ",
-         host ? "Cancel Connection" : "Close Connection", MsgIcon::Question, MsgButtons::YesNo});
+        {host ? PETAL_TR("core", "Your opponent will not be able to connect to your computer if you proceed.  Do you wish to proceed?")
+              : PETAL_TR("core", "Connection to your opponent will be terminated.  Do you want to proceed? "),
+         host ? PETAL_TR("core", "Cancel Connection") : PETAL_TR("core", "Close Connection"), MsgIcon::Question,
+         MsgButtons::YesNo});
     if (answer != MsgResult::Yes) {
         CancelPressed = false;
         return true;

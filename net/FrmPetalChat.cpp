@@ -2,6 +2,7 @@
 
 #include "net/MessageFramer.h"
 #include "shell/FrmMain.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -23,13 +24,13 @@ std::string firstCharacters(const std::string& text, std::size_t count) {
 }  // namespace
 
 FrmPetalChat::FrmPetalChat(FrmMain& f) : f_(f) {
-    cmdSend.Caption = "Send";
+    cmdSend.Caption = PETAL_TR("core", "Send");
     cmdSend.Enabled = false;
-    cmdClose.Caption = "Close";
+    cmdClose.Caption = PETAL_TR("core", "Close");
     Picture1.Picture = pic::TableTop;
 }
 
-void FrmPetalChat::Form_Load() { Caption = "Petalgarden Chat"; }
+void FrmPetalChat::Form_Load() { Caption = PETAL_TR("core", "Petalgarden Chat"); }
 
 void FrmPetalChat::receiveLine(const std::string& text) {
     lstChat.AddItem(kMarker + text);

@@ -16,6 +16,8 @@
 #include "assets/PictureStore.h"
 #include "net/FrmPetalChat.h"
 #include "platform/qt/QtHost.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
@@ -32,9 +34,9 @@ PetalChatDialog::PetalChatDialog(FrmPetalChat& form, QtHost& host, PictureStore&
       picture_(new QWidget(this)),
       list_(new QListWidget(picture_)),
       text_(new QLineEdit(picture_)),
-      send_(new QPushButton(QString::fromStdString(form.cmdSend.Caption), picture_)),
-      close_(new QPushButton(QString::fromStdString(form.cmdClose.Caption), picture_)) {
-    setWindowTitle(QString::fromStdString(form.Caption));
+      send_(new QPushButton(Language::core(form.cmdSend.Caption), picture_)),
+      close_(new QPushButton(Language::core(form.cmdClose.Caption), picture_)) {
+    setWindowTitle(Language::core(form.Caption));
     auto* outer = new QVBoxLayout(this);
     outer->setContentsMargins(0, 0, 0, 0);
     outer->addWidget(picture_);
@@ -43,8 +45,8 @@ PetalChatDialog::PetalChatDialog(FrmPetalChat& form, QtHost& host, PictureStore&
     text_->setObjectName(QStringLiteral("txtMsg"));
     send_->setObjectName(QStringLiteral("cmdSend"));
     close_->setObjectName(QStringLiteral("cmdClose"));
-    list_->setAccessibleName(QStringLiteral("Chat lines"));
-    text_->setAccessibleName(QStringLiteral("Your line"));
+    list_->setAccessibleName(Language::core(PETAL_TR("core", "Chat lines")));
+    text_->setAccessibleName(Language::core(PETAL_TR("core", "Your line")));
 
     auto* layout = new QVBoxLayout(picture_);
     layout->setContentsMargins(18, 18, 18, 16);
@@ -102,7 +104,7 @@ QWidget* PetalChatDialog::focusWidget(int control) const {
 }
 
 void PetalChatDialog::sync() {
-    setWindowTitle(QString::fromStdString(form_.Caption));
+    setWindowTitle(Language::core(form_.Caption));
     const auto& lines = form_.lstChat.List;
     for (int i = list_->count(); i < static_cast<int>(lines.size()); ++i)
         list_->addItem(QString::fromStdString(lines[i]));

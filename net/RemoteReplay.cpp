@@ -2,6 +2,7 @@
 
 #include "net/WireProtocol.h"
 #include "shell/FrmMain.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -32,7 +33,7 @@ bool RemoteReplay::MultiPlayerSelectCard() {
     const bool held = s >= 0 && s < 8 && c.imgCCard[s].hasPicture() && c.imgCCard[s].Tag != "-1" &&
                       (client || c.imgCCard[s].Tag.value() == s + 8);
     if (!held || !fits(static_cast<int>(c.imgCCard[s].Tag.value()), where)) {
-        f_.net.outOfStep("the opponent's move \"" + move->text + "\" does not fit this table");
+        f_.net.outOfStep(said(f_.host, PETAL_TR("core", "the opponent's move \"%1\" does not fit this table"), {move->text}));
         return false;
     }
     f_.net.takeMove();
@@ -65,7 +66,8 @@ bool RemoteReplay::MultiPlayerDropCard(int phase) {
         const int what = move->what, where = move->where;
         // The flipped card, and one of the cards it may take: a flip that matches must capture.
         if (what != m.mCompDeckPos || c.imgFlipCard.Tag.value() != what || !canTake(what, where)) {
-            f_.net.outOfStep("the opponent's move \"" + move->text + "\" does not fit the flipped card");
+            f_.net.outOfStep(
+                said(f_.host, PETAL_TR("core", "the opponent's move \"%1\" does not fit the flipped card"), {move->text}));
             return false;
         }
         f_.net.takeMove();

@@ -9,6 +9,7 @@
 #include "platform/Host.h"
 #include "platform/Socket.h"
 #include "shell/FrmMain.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -47,7 +48,7 @@ void WireProtocol::CompleteSend() {
         return sendsLeft_ >= mine || timedOut || f_.tcpMultiPlayer->State() != Socket::sckConnected;
     });
     if (sendsLeft_ >= mine) return;
-    if (timedOut && !f_.host.ending()) throw FatalError("Time Out", "The connected computer took too long to respond.");
+    if (timedOut && !f_.host.ending()) throw FatalError(PETAL_TR("core", "Time Out"), PETAL_TR("core", "The connected computer took too long to respond."));
 }
 
 // Every send made so far has left.
@@ -185,13 +186,13 @@ void WireProtocol::receiveNewg(int answer) {
 
 void WireProtocol::tellRestart() {
     if (f_.g.gPlayMode != 2) return;
-    f_.host.msgBox({"Your host has restarted the session: the game in progress has ended, and your host deals the "
-                    "next one.",
-                    "Session Restarted", MsgIcon::Information, MsgButtons::OK});
+    f_.host.msgBox({PETAL_TR("core", "Your host has restarted the session: the game in progress has ended, and your "
+                                     "host deals the next one."),
+                    PETAL_TR("core", "Session Restarted"), MsgIcon::Information, MsgButtons::OK});
 }
 
 void WireProtocol::tellRefusal() {
-    f_.host.msgBox({"Your opponent declined a rematch.", "Rematch Declined", MsgIcon::Information, MsgButtons::OK,
+    f_.host.msgBox({PETAL_TR("core", "Your opponent declined a rematch."), PETAL_TR("core", "Rematch Declined"), MsgIcon::Information, MsgButtons::OK,
                     f_.g.gPlayMode == 1});
 }
 
@@ -208,7 +209,7 @@ void WireProtocol::receiveSetup(const WireMessage& message) {
     // The options come once, before the session's first deal: taken later they would score a
     // game, or the deal still on the table, by rules other than those it was played by.
     if (dealtInSession_) {
-        outOfStep("the host's options \"" + message.text + "\" came after the game had begun");
+        outOfStep(said(f_.host, PETAL_TR("core", "the host's options \"%1\" came after the game had begun"), {message.text}));
         return;
     }
     f_.connection.clearStaleTable();
@@ -217,7 +218,7 @@ void WireProtocol::receiveSetup(const WireMessage& message) {
     int gameType = 0, rounds = 0, yaku = 0;
     if (!number16(message, 1, gameType) || !number16(message, 2, rounds) || !number16(message, 3, yaku) ||
         (gameType != 0 && gameType != 1) || rounds < gameType || rounds > 99) {
-        outOfStep("the host's options \"" + message.text + "\" are no game that can be played");
+        outOfStep(said(f_.host, PETAL_TR("core", "the host's options \"%1\" are no game that can be played"), {message.text}));
         return;
     }
     f_.settings.WriteSettings(gameType, rounds, -yaku, f_.g.gPlayMode);
@@ -226,11 +227,11 @@ void WireProtocol::receiveSetup(const WireMessage& message) {
 void WireProtocol::receiveMove(const WireMessage& message) {
     int what = 0, where = 0;
     if (!number16(message, 1, what) || !number16(message, 2, where)) {
-        outOfStep("the move \"" + message.text + "\" names no card");
+        outOfStep(said(f_.host, PETAL_TR("core", "the move \"%1\" names no card"), {message.text}));
         return;
     }
     if (moves_.size() >= kMaxMoves) {
-        outOfStep("the opponent sent more moves than a turn holds");
+        outOfStep(said(f_.host, PETAL_TR("core", "the opponent sent more moves than a turn holds")));
         return;
     }
     moves_.push_back({message.text, what, where});
@@ -268,9 +269,11 @@ void WireProtocol::outOfStep(std::string what) {
     if (f_.g.gPlayMode <= 0) return;
     reset();
     f_.tcpMultiPlayer->Close();
-    f_.host.msgBox({"The two copies of the game are out of step: " + what +
-                        ".\n\nThe connection has been closed, and the game goes on without your opponent.",
-                    "Out of Step", MsgIcon::Exclamation, MsgButtons::OK});
+    f_.host.msgBox({said(f_.host,
+                         PETAL_TR("core", "The two copies of the game are out of step: %1.\n\nThe connection has been "
+                                          "closed, and the game goes on without your opponent."),
+                         {what}),
+                    PETAL_TR("core", "Out of Step"), MsgIcon::Exclamation, MsgButtons::OK});
     if (f_.connectionStatus) f_.connectionStatus->Unload();
     f_.g.gConnectState = 0;
     f_.connection.fallBack(true);

@@ -149,6 +149,7 @@ void Computer::commitSelection(int slot, bool highlight) {
     Image& card = f_.ctl.imgCCard.at(slot);
     m.mCompCard = slot;
     m.mCompDeckPos = card.Tag.value();
+    f_.seenPlays.add(f_, 1, slot, m.mCompDeckPos);
     card.Picture = m.mCards.at(m.mCompDeckPos).Picture;
     if (highlight) f_.play.RelativeCheck(m.mCompDeckPos, true);
     card.Tag = -1;

@@ -1,15 +1,20 @@
 #include "opponent/Sight.h"
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
+#include "opponent/HandReading.h"
 #include "shell/FrmMain.h"
 
 namespace petal {
 
 namespace {
 
-constexpr std::int8_t kUnseen = -2;  // a place that holds a card the side cannot see
+constexpr std::int8_t kUnseen = Sight::kUnseen;
+
+// How much less likely a card is made by each play of the other side that it disagrees with.
+constexpr double kDoubt = 0.01;
 
 void mix(std::uint64_t& hash, std::int64_t value) {
     std::uint64_t state = hash ^ static_cast<std::uint64_t>(value);
@@ -75,6 +80,7 @@ Sight sightOf(const FrmMain& f, int side) {
 
     for (int i = 0; i < 48; ++i)
         if (!seen[i]) v.hidden[v.hiddenCount++] = static_cast<std::int8_t>(i);
+    readHand(v, f.seenPlays.all(), kDoubt);
     if (f.g.gGameType == 1) {
         v.tournament = true;
         v.lead = f.g.gRoundScores[side].at(0) - f.g.gRoundScores[1 - side].at(0);
@@ -97,6 +103,8 @@ std::uint64_t Sight::fingerprint() const {
         mix(hash, value);
     for (const auto& groups : seen.yakuCards)
         for (int count : groups) mix(hash, count);
+    for (int i = 0; i < hiddenCount; ++i)
+        for (double chance : odds[hidden[i]]) mix(hash, std::llround(chance * 1e9));
     return hash;
 }
 
@@ -110,8 +118,22 @@ DealState Sight::sample(std::uint64_t& rng) const {
         std::swap(pool[drawn], pool[pick]);
         return pool[drawn++];
     };
-    for (auto& card : s.hand[1 - side])
-        if (card == kUnseen) card = draw();
+    for (int slot = 0; slot < 8; ++slot) {
+        auto& card = s.hand[1 - side][slot];
+        if (card != kUnseen) continue;
+        // A card drawn by its odds for this place; where no card left has any, any card.
+        double sum = 0;
+        for (int i = drawn; i < hiddenCount; ++i) sum += odds[pool[i]][slot];
+        if (sum <= 0) {
+            card = draw();
+            continue;
+        }
+        double at = static_cast<double>(nextRandom(rng) >> 11) * 0x1.0p-53 * sum;
+        int pick = drawn;
+        while (pick + 1 < hiddenCount && (at -= odds[pool[pick]][slot]) >= 0) ++pick;
+        std::swap(pool[drawn], pool[pick]);
+        card = pool[drawn++];
+    }
     for (int i = s.flips; i < DealState::kTurned; ++i) s.deck[i] = draw();
     return s;
 }

@@ -2,6 +2,7 @@
 
 #include "platform/Host.h"
 #include "platform/UnexpectedPrompt.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -22,11 +23,11 @@ void endAfterFailure(Host& host, std::exception_ptr failure) {
     } catch (const std::out_of_range& e) {
         endWith(host, "Petalgarden", std::string("Subscript out of range (") + e.what() + ").");
     } catch (const std::bad_alloc&) {
-        endWith(host, "Petalgarden", "Out of memory.");
+        endWith(host, "Petalgarden", PETAL_TR("core", "Out of memory."));
     } catch (const UnexpectedPrompt&) {
         throw;  // a test's script did not expect this: the test fails
     } catch (const std::exception& e) {
-        endWith(host, "Petalgarden", std::string("The program cannot go on: ") + e.what());
+        endWith(host, "Petalgarden", said(host, PETAL_TR("core", "The program cannot go on: %1"), {e.what()}));
     }
 }
 

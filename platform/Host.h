@@ -68,6 +68,8 @@ public:
 
     virtual std::string timeText() = 0;  // "HH:MM:SS", 24-hour
     virtual std::string dateText() = 0;  // "mm/dd/yyyy"
+    // A text the core marked in context (platform/Words.h) in the player's language.
+    virtual std::string translate(const char* /*context*/, const char* text) { return text; }
 
     virtual std::filesystem::path programFolder() = 0;
     // Where the files delivered with the program lie (its help): beside it, or in the shared

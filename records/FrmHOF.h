@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/Form.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -16,13 +17,14 @@ class FrmHOF : public Form {
 public:
     static constexpr int kColumns = 7;
 
-    FrmHOF(Globals& g, HallOfFame& hof) : g_(g), hof_(hof) { Caption = "Hall Of Fame"; }
+    FrmHOF(Globals& g, HallOfFame& hof) : g_(g), hof_(hof) { Caption = PETAL_TR("core", "Hall Of Fame"); }
     const char* formName() const override { return "frmHOF"; }
 
     // cells[column][row]: the label arrays lblName, lblDate, lblScore, lblYakus, lblRnd,
     // lblScoreAvg, lblYakuAvg; row 0 holds the heading.
-    std::array<std::array<std::string, 11>, kColumns> cells{{{" PLAYER NAME"}, {"DATE"}, {"SCORE"}, {"YAKU"}, {"RND"},
-                                                             {"SCORE AVG"}, {"YAKU AVG"}}};
+    std::array<std::array<std::string, 11>, kColumns> cells{
+        {{PETAL_TR("core", " PLAYER NAME")}, {PETAL_TR("core", "DATE")}, {PETAL_TR("core", "SCORE")}, {PETAL_TR("core", "YAKU")},
+         {PETAL_TR("core", "RND")}, {PETAL_TR("core", "SCORE AVG")}, {PETAL_TR("core", "YAKU AVG")}}};
     bool imgSingCaptionVisible = false;
     bool imgTourCaptionVisible = false;
     bool cmdPrevEnabled = true;

@@ -4,6 +4,7 @@
 
 #include "platform/Form.h"
 #include "records/HallOfFame.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -23,8 +24,8 @@ public:
     int mRounds = 0;
     std::string mFormCaption;
 
-    const std::string Label1 = "Enter your Hall of Fame Name";
-    const std::string Label2 = "(Max 20 Characters)";
+    const std::string Label1 = PETAL_TR("core", "Enter your Hall of Fame Name");
+    const std::string Label2 = PETAL_TR("core", "(Max 20 Characters)");
     const std::string& txtHOFName() const { return name_; }
     bool cmdOKEnabled() const { return okEnabled_; }
 

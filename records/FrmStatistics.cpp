@@ -7,17 +7,25 @@
 #include "platform/Host.h"
 #include "records/Statistics.h"
 #include "records/StatsFigures.h"
+#include "platform/Words.h"
 
 namespace petal {
 
 namespace {
 
 std::string recordCaption(int kind, const std::string& opponent) {
-    const std::string games = kind == 0 ? "Single games" : "Tournaments";
-    if (opponent == GameResult::kPeople) return games + " against people on the network";
+    if (opponent == GameResult::kPeople)
+        return kind == 0 ? PETAL_TR("core", "Single games against people on the network")
+                         : PETAL_TR("core", "Tournaments against people on the network");
+    if (opponent == "standard")
+        return kind == 0 ? PETAL_TR("core", "Single games against the Standard computer")
+                         : PETAL_TR("core", "Tournaments against the Standard computer");
+    if (opponent == "strong")
+        return kind == 0 ? PETAL_TR("core", "Single games against the Strong computer")
+                         : PETAL_TR("core", "Tournaments against the Strong computer");
     std::string name = opponent;
     if (!name.empty()) name[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(name[0])));
-    return games + " against the " + name + " computer";
+    return (kind == 0 ? "Single games" : "Tournaments") + std::string(" against the ") + name + " computer";
 }
 
 // The standard computer's two records always stand first; other computers follow by name, and
@@ -26,9 +34,11 @@ int recordRank(const std::string& opponent) {
     return opponent == "standard" ? 0 : opponent == GameResult::kPeople ? 2 : 1;
 }
 
-std::string runText(int length, int result) {
-    const char* word = result > 0 ? " won" : result < 0 ? " lost" : " tied";
-    return std::to_string(length) + word;
+std::string runText(Host& host, int length, int result) {
+    const char* pattern = result > 0   ? PETAL_TR("core", "%1 won")
+                          : result < 0 ? PETAL_TR("core", "%1 lost")
+                                       : PETAL_TR("core", "%1 tied");
+    return said(host, pattern, {std::to_string(length)});
 }
 
 }  // namespace
@@ -77,24 +87,30 @@ void FrmStatistics::showRecord() {
     std::snprintf(share, sizeof share, "%d%%", any ? (f.won * 200 + f.played) / (2 * f.played) : 0);
     std::snprintf(mean, sizeof mean, "%.1f", f.mean);
     const std::string none = "\u2013";
-    figures = {{"Games played", std::to_string(f.played)},
-               {"Won", std::to_string(f.won)},
-               {"Lost", std::to_string(f.lost)},
-               {"Tied", std::to_string(f.tied)},
-               {"Share won", any ? share : none},
-               {"Best score", any ? std::to_string(f.best) : none},
-               {"Mean score", any ? mean : none},
-               {"Longest run of wins", std::to_string(f.longestWinRun)},
-               {"Current run", any ? runText(f.currentRun, f.currentResult) : none}};
-    for (int k = 0; k < 8; ++k) yakuMade[k] = {"Yaku " + std::to_string(k + 1), std::to_string(f.yaku[k])};
+    figures = {{PETAL_TR("core", "Games played"), std::to_string(f.played)},
+               {PETAL_TR("core", "Won"), std::to_string(f.won)},
+               {PETAL_TR("core", "Lost"), std::to_string(f.lost)},
+               {PETAL_TR("core", "Tied"), std::to_string(f.tied)},
+               {PETAL_TR("core", "Share won"), any ? share : none},
+               {PETAL_TR("core", "Best score"), any ? std::to_string(f.best) : none},
+               {PETAL_TR("core", "Mean score"), any ? mean : none},
+               {PETAL_TR("core", "Longest run of wins"), std::to_string(f.longestWinRun)},
+               {PETAL_TR("core", "Current run"), any ? runText(host_, f.currentRun, f.currentResult) : none}};
+    // Each yaku by a label of its own, so that a language can give it its name.
+    static constexpr const char* kYaku[8] = {PETAL_TR("core", "Yaku 1"), PETAL_TR("core", "Yaku 2"), PETAL_TR("core", "Yaku 3"),
+                                             PETAL_TR("core", "Yaku 4"), PETAL_TR("core", "Yaku 5"), PETAL_TR("core", "Yaku 6"),
+                                             PETAL_TR("core", "Yaku 7"), PETAL_TR("core", "Yaku 8")};
+    for (int k = 0; k < 8; ++k) yakuMade[k] = {kYaku[k], std::to_string(f.yaku[k])};
     chartMargins = f.lastMargins;
-    chartCaption = any ? "Your margin in the last " + std::to_string(chartMargins.size()) +
-                             (chartMargins.size() == 1 ? " game" : " games")
-                       : "No games yet";
+    chartCaption = !any                     ? PETAL_TR("core", "No games yet")
+                   : chartMargins.size() == 1 ? said(host_, PETAL_TR("core", "Your margin in the last game"))
+                                              : said(host_, PETAL_TR("core", "Your margin in the last %1 games"),
+                                                     {std::to_string(chartMargins.size())});
 }
 
 void FrmStatistics::cmdReset_Click() {
-    const MsgBox ask{"Reset the statistics? The record of every game played so far is lost.", "Reset Statistics",
+    const MsgBox ask{PETAL_TR("core", "Reset the statistics? The record of every game played so far is lost."),
+                     PETAL_TR("core", "Reset Statistics"),
                      MsgIcon::Question, MsgButtons::YesNo};
     if (host_.msgBox(ask) != MsgResult::Yes) return;
     stats_.reset();

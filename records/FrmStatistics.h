@@ -8,6 +8,7 @@
 
 #include "platform/Form.h"
 #include "records/GameResult.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -16,7 +17,7 @@ class Statistics;
 
 class FrmStatistics : public Form {
 public:
-    FrmStatistics(Host& host, Statistics& stats) : host_(host), stats_(stats) { Caption = "Statistics"; }
+    FrmStatistics(Host& host, Statistics& stats) : host_(host), stats_(stats) { Caption = PETAL_TR("core", "Statistics"); }
     const char* formName() const override { return "frmStatistics"; }
 
     struct Record {

@@ -8,6 +8,7 @@
 #include "platform/Host.h"
 #include "records/AtomicFile.h"
 #include "records/SetAside.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -107,8 +108,10 @@ void Gardenia::LoadSettings() {
 // and play on with the defaults.
 void Gardenia::restoreDefaultsOrClose(const FatalError& failure) {
     const std::string aside = asideName(path()).filename().string();
-    const std::string text = std::string(failure.what()) + "\n\nRestore Defaults keeps it as \"" + aside +
-                             "\" beside it and goes on with the usual options; Close ends the program.";
+    const std::string text = said(host_,
+                                  PETAL_TR("core", "%1\n\nRestore Defaults keeps it as \"%2\" beside it and goes on with the "
+                                                   "usual options; Close ends the program."),
+                                  {failure.what(), aside});
     if (host_.msgBox({text, failure.title(), MsgIcon::Exclamation, MsgButtons::RestoreDefaultsClose}) !=
         MsgResult::RestoreDefaults) {
         host_.endProgramAfterFailure();
@@ -125,26 +128,31 @@ void Gardenia::restoreDefaultsOrClose(const FatalError& failure) {
 // until the setup dialog saves.
 void Gardenia::replaceUnplayable(const std::array<bool, 4>& noNumber) {
     std::string told;
-    const auto holds = [&](int line, int value) {
-        static const char* const kNames[] = {", the game type, ", ", the rounds, ", ", the yaku flag, "};
-        return "\n  line " + std::to_string(line) + kNames[line - 1] +
-               (noNumber[line - 1] ? std::string("holds no number") : "holds " + std::to_string(value));
+    const auto holds = [&](int line, int value, const char* instead) {
+        static const char* const kLines[] = {PETAL_TR("core", "\n  line 1, the game type, %1: %2"),
+                                             PETAL_TR("core", "\n  line 2, the rounds, %1: %2"),
+                                             PETAL_TR("core", "\n  line 3, the yaku flag, %1: %2")};
+        const std::string held = noNumber[line - 1] ? said(host_, PETAL_TR("core", "holds no number"))
+                                                    : said(host_, PETAL_TR("core", "holds %1"), {std::to_string(value)});
+        return said(host_, kLines[line - 1], {held, said(host_, instead)});
     };
     if (noNumber[0] || (g_.gGameType != 0 && g_.gGameType != 1)) {
-        told += holds(1, g_.gGameType) + ": a single game (0) is taken instead";
+        told += holds(1, g_.gGameType, PETAL_TR("core", "a single game (0) is taken instead"));
         g_.gGameType = 0;
     }
     if (noNumber[1] || g_.gRounds < (g_.gGameType == 1 ? 1 : 0)) {
-        told += holds(2, g_.gRounds) + ": 10 is taken instead";
+        told += holds(2, g_.gRounds, PETAL_TR("core", "10 is taken instead"));
         g_.gRounds = 10;
     }
     if (noNumber[2]) {
-        told += holds(3, 0) + ": yaku count (-1) is taken instead";
+        told += holds(3, 0, PETAL_TR("core", "yaku count (-1) is taken instead"));
         g_.gUseYaku = true;
     }
     if (told.empty()) return;
-    host_.msgBox({"The settings file \"" + path().string() + "\" holds values that the game cannot play with:" + told +
-                      ".\n\nThe file stays as it is until you press OK in Setup.",
+    host_.msgBox({said(host_,
+                       PETAL_TR("core", "The settings file \"%1\" holds values that the game cannot play with:%2.\n\n"
+                                        "The file stays as it is until you press OK in Setup."),
+                       {path().string(), told}),
                   "Petalgarden", MsgIcon::Exclamation, MsgButtons::OK});
 }
 
@@ -168,8 +176,8 @@ void Gardenia::WriteSettings(int GameType, int Rounds, int UseYaku, int PlayMode
     g_.gRounds = Rounds;
     g_.gPlayMode = PlayMode;
     g_.gUseYaku = UseYaku != 0;
-    if (PlayMode == 1) mainCaption_ = "Petalgarden (Server)";
-    else if (PlayMode == 2) mainCaption_ = "Petalgarden (Client)";
+    if (PlayMode == 1) mainCaption_ = PETAL_TR("core", "Petalgarden (Server)");
+    else if (PlayMode == 2) mainCaption_ = PETAL_TR("core", "Petalgarden (Client)");
     else if (PlayMode == 0) mainCaption_ = "Petalgarden";
 }
 

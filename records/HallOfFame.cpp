@@ -13,6 +13,7 @@
 #include "records/Characters.h"
 #include "records/RecordRows.h"
 #include "records/SqliteStatement.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -185,13 +186,13 @@ void HallOfFame::OpenExistingDatabase() {
         }
         unreachable_ = o.reason;
         const std::string cause =
-            "The Hall of Fame file \"" + path().string() + "\" cannot be opened: " + o.reason + ".";
+            said(host_, PETAL_TR("core", "The Hall of Fame file \"%1\" cannot be opened: %2."), {path().string(), o.reason});
         if (!accessDenied(o)) {
-            tellOnce(cause + "\n\nThe game goes on without it.");
+            tellOnce(said(host_, PETAL_TR("core", "%1\n\nThe game goes on without it."), {cause}));
             return;
         }
-        const std::string text = cause + "\n\nRetry, or Cancel to play on without the Hall of Fame.";
-        if (host_.msgBox({text, "Access Denied", MsgIcon::Exclamation, MsgButtons::RetryCancel}) != MsgResult::Retry)
+        const std::string text = said(host_, PETAL_TR("core", "%1\n\nRetry, or Cancel to play on without the Hall of Fame."), {cause});
+        if (host_.msgBox({text, PETAL_TR("core", "Access Denied"), MsgIcon::Exclamation, MsgButtons::RetryCancel}) != MsgResult::Retry)
             return;
     }
 }
@@ -227,15 +228,17 @@ bool HallOfFame::guarded(const std::string& operation, const std::function<void(
             return true;
         } catch (const Failure& failure) {
             if (failure.toldAtOpening) return false;
-            const std::string cause =
-                "The Hall of Fame file \"" + path().string() + "\" cannot be " + operation + ": " + failure.reason + ".";
+            const std::string cause = said(host_, PETAL_TR("core", "The Hall of Fame file \"%1\" cannot be %2: %3."),
+                                           {path().string(), operation, failure.reason});
             if (!failure.locked()) {
-                tellOnce(cause + "\n\nThe game goes on without it.");
+                tellOnce(said(host_, PETAL_TR("core", "%1\n\nThe game goes on without it."), {cause}));
                 return false;
             }
-            const std::string text = cause + "\n\nAnother program holds the file. Retry once it has let go, or "
-                                             "Cancel to go on without it.";
-            if (host_.msgBox({text, "Hall of Fame", MsgIcon::Exclamation, MsgButtons::RetryCancel}) != MsgResult::Retry)
+            const std::string text = said(host_,
+                                          PETAL_TR("core", "%1\n\nAnother program holds the file. Retry once it has let go, "
+                                                           "or Cancel to go on without it."),
+                                          {cause});
+            if (host_.msgBox({text, PETAL_TR("core", "Hall of Fame"), MsgIcon::Exclamation, MsgButtons::RetryCancel}) != MsgResult::Retry)
                 return false;
         }
     }
@@ -245,7 +248,7 @@ bool HallOfFame::guarded(const std::string& operation, const std::function<void(
 // The same failure again (records out of reach, a damaged file) is not told at every game.
 void HallOfFame::tellOnce(const std::string& text) {
     if (!told_.insert(text).second) return;
-    host_.msgBox({text, "Hall of Fame", MsgIcon::Exclamation, MsgButtons::OK});
+    host_.msgBox({text, PETAL_TR("core", "Hall of Fame"), MsgIcon::Exclamation, MsgButtons::OK});
 }
 
 void HallOfFame::fail(int code) const { throw Failure{code, sqlite3_errmsg(gHOFDatabase_)}; }

@@ -11,12 +11,14 @@
 #include "assets/PictureStore.h"
 #include "records/FrmHOF.h"
 #include "platform/qt/QtHost.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
 HofDialog::HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget* parent)
     : FormDialog(form, host, parent), form_(form) {
-    setWindowTitle(QString::fromStdString(form.Caption));
+    setWindowTitle(Language::core(form.Caption));
     auto* layout = new QVBoxLayout(this);
     const qreal dpr = devicePixelRatioF();
     singleTitle_ = new QLabel(this);
@@ -44,9 +46,9 @@ HofDialog::HofDialog(FrmHOF& form, QtHost& host, PictureStore& pictures, QWidget
     layout->addLayout(grid);
 
     auto* buttons = new QHBoxLayout;
-    prev_ = new QPushButton(QStringLiteral("Previous"), this);
-    next_ = new QPushButton(QStringLiteral("Next"), this);
-    auto* close = new QPushButton(QStringLiteral("Close"), this);
+    prev_ = new QPushButton(Language::core(PETAL_TR("core", "Previous")), this);
+    next_ = new QPushButton(Language::core(PETAL_TR("core", "Next")), this);
+    auto* close = new QPushButton(Language::core(PETAL_TR("core", "Close")), this);
     buttons->addStretch();
     for (QPushButton* b : {prev_, next_, close}) buttons->addWidget(b);
     layout->addLayout(buttons);
@@ -66,7 +68,7 @@ int HofDialog::columnWidth(int column, const QFont& heading) const {
                                                       QStringLiteral("-32768/-32768"),       QStringLiteral("-32768"),
                                                       QStringLiteral("-32768")};
     const int value = fontMetrics().horizontalAdvance(kWidest[column]);
-    const int title = QFontMetrics(heading).horizontalAdvance(QString::fromStdString(form_.cells[column][0]));
+    const int title = QFontMetrics(heading).horizontalAdvance(Language::core(form_.cells[column][0]));
     return std::max(value, title) + 2;
 }
 
@@ -74,7 +76,7 @@ void HofDialog::sync() {
     singleTitle_->setVisible(form_.imgSingCaptionVisible);
     tournamentTitle_->setVisible(form_.imgTourCaptionVisible);
     for (int c = 0; c < FrmHOF::kColumns; ++c)
-        for (int r = 0; r < 11; ++r) cells_[c][r]->setText(QString::fromStdString(form_.cells[c][r]));
+        for (int r = 0; r < 11; ++r) cells_[c][r]->setText(r == 0 ? Language::core(form_.cells[c][r]) : QString::fromStdString(form_.cells[c][r]));
     prev_->setEnabled(form_.cmdPrevEnabled);
     next_->setEnabled(form_.cmdNextEnabled);
 }

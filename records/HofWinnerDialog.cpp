@@ -10,6 +10,8 @@
 #include "records/Characters.h"
 #include "records/FrmHOFWinner.h"
 #include "platform/qt/QtHost.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
@@ -28,20 +30,20 @@ public:
 }  // namespace
 
 HofWinnerDialog::HofWinnerDialog(FrmHOFWinner& form, QtHost& host, PictureStore& pictures, QWidget* parent)
-    : FormDialog(form, host, parent), form_(form), name_(new QLineEdit(this)), ok_(new QPushButton(QStringLiteral("OK"), this)) {
-    setWindowTitle(QString::fromStdString(form.Caption));
+    : FormDialog(form, host, parent), form_(form), name_(new QLineEdit(this)), ok_(new QPushButton(Language::core(PETAL_TR("core", "OK")), this)) {
+    setWindowTitle(Language::core(form.Caption));
     auto* layout = new QGridLayout(this);
     auto* picture = new QLabel(this);
     picture->setPixmap(pictures.pixmap(pic::HofWinnerDecoration, devicePixelRatioF()));
     layout->addWidget(picture, 0, 0, 3, 1, Qt::AlignTop);
-    layout->addWidget(new QLabel(QString::fromStdString(form.Label1), this), 0, 1, 1, 2);
-    auto* prompt = new QLabel(QString::fromStdString(form.Label2), this);
+    layout->addWidget(new QLabel(Language::core(form.Label1), this), 0, 1, 1, 2);
+    auto* prompt = new QLabel(Language::core(form.Label2), this);
     prompt->setBuddy(name_);  // a reader names the box by the line that asks for it
     layout->addWidget(prompt, 1, 1, 1, 2);
     name_->setValidator(new NameLength(name_));
     name_->setText(QString::fromStdString(form.txtHOFName()));
     layout->addWidget(name_, 2, 1, 1, 2);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    auto* cancel = new QPushButton(Language::core(PETAL_TR("core", "Cancel")), this);
     ok_->setDefault(true);
     ok_->setEnabled(form.cmdOKEnabled());
     layout->addWidget(ok_, 3, 1);

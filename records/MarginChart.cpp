@@ -5,6 +5,8 @@
 #include <cstdlib>
 
 #include "records/StatsFigures.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
@@ -18,7 +20,7 @@ int chartScale(const std::vector<int>& margins) {
 
 MarginChart::MarginChart(QWidget* parent) : QWidget(parent) {
     setMinimumSize(320, 140);
-    setAccessibleName(QStringLiteral("Margin chart"));
+    setAccessibleName(Language::core(PETAL_TR("core", "Margin chart")));
 }
 
 void MarginChart::setMargins(std::vector<int> margins) {
@@ -50,7 +52,7 @@ void MarginChart::paintEvent(QPaintEvent*) {
     p.drawText(labels.translated(0, zero - fm.height() / 2), Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("0"));
     p.drawText(labels.translated(0, plot.bottom() - fm.height() / 2), Qt::AlignRight | Qt::AlignVCenter, bottom);
     if (margins_.empty()) {
-        p.drawText(plot, Qt::AlignCenter, QStringLiteral("No games yet"));
+        p.drawText(plot, Qt::AlignCenter, Language::core(PETAL_TR("core", "No games yet")));
         return;
     }
 

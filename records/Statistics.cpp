@@ -7,6 +7,7 @@
 #include "platform/Host.h"
 #include "records/SetAside.h"
 #include "records/SqliteStatement.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -52,8 +53,10 @@ bool Statistics::ensureOpen() {
         case Fault::None:
             return true;
         case Fault::Unreachable:
-            tellOnce("The statistics file \"" + path().string() + "\" cannot be opened: " + reason +
-                     ".\n\nThe game goes on; its results are not recorded.");
+            tellOnce(said(host_,
+                          PETAL_TR("core", "The statistics file \"%1\" cannot be opened: %2.\n\n"
+                                           "The game goes on; its results are not recorded."),
+                          {path().string(), reason}));
             return false;
         case Fault::Unusable:
             setAsideAndTell(reason);
@@ -112,14 +115,14 @@ void Statistics::setAsideAndTell(const std::string& reason) {
     const std::filesystem::path journal = path().string() + "-journal";
     if (!aside.empty() && std::filesystem::exists(journal, ec))
         std::filesystem::rename(journal, aside.string() + "-journal", ec);
-    const std::string where = aside.empty() ? "It cannot be moved aside (" + failure + ")"
-                                            : "It is kept as \"" + aside.string() + "\"";
-    tellOnce("The statistics file \"" + path().string() + "\" cannot be used: " + reason + ".\n\n" + where +
-             ", and a new record begins.");
+    const std::string where = aside.empty() ? said(host_, PETAL_TR("core", "It cannot be moved aside (%1)"), {failure})
+                                            : said(host_, PETAL_TR("core", "It is kept as \"%1\""), {aside.string()});
+    tellOnce(said(host_, PETAL_TR("core", "The statistics file \"%1\" cannot be used: %2.\n\n%3, and a new record begins."),
+                  {path().string(), reason, where}));
 }
 
 void Statistics::tellOnce(const std::string& text) {
-    if (told_.insert(text).second) host_.msgBox({text, "Statistics", MsgIcon::Exclamation, MsgButtons::OK});
+    if (told_.insert(text).second) host_.msgBox({text, PETAL_TR("core", "Statistics"), MsgIcon::Exclamation, MsgButtons::OK});
 }
 
 void Statistics::failed(const std::string& operation, int code) {
@@ -129,8 +132,8 @@ void Statistics::failed(const std::string& operation, int code) {
         setAsideAndTell(reason);
         return;
     }
-    tellOnce("The statistics file \"" + path().string() + "\" cannot be " + operation + ": " + reason +
-             ".\n\nThe game goes on.");
+    tellOnce(said(host_, PETAL_TR("core", "The statistics file \"%1\" cannot be %2: %3.\n\nThe game goes on."),
+                  {path().string(), operation, reason}));
 }
 
 void Statistics::record(const GameResult& game) {

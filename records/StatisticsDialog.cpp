@@ -12,6 +12,8 @@
 #include "platform/qt/QtHost.h"
 #include "records/FrmStatistics.h"
 #include "records/MarginChart.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
@@ -38,22 +40,22 @@ QGroupBox* rows(const QString& title, std::array<std::pair<QLabel*, QLabel*>, N>
 
 StatisticsDialog::StatisticsDialog(FrmStatistics& form, QtHost& host, QWidget* parent)
     : FormDialog(form, host, parent), form_(form) {
-    setWindowTitle(QString::fromStdString(form.Caption));
+    setWindowTitle(Language::core(form.Caption));
     auto* layout = new QVBoxLayout(this);
     record_ = new QComboBox(this);
-    record_->setAccessibleName(QStringLiteral("Record"));
+    record_->setAccessibleName(Language::core(PETAL_TR("core", "Record")));
     layout->addWidget(record_);
     auto* tables = new QHBoxLayout;
-    tables->addWidget(rows(QStringLiteral("Games"), figures_, this), 3);
-    tables->addWidget(rows(QStringLiteral("Yaku made"), yaku_, this), 2);
+    tables->addWidget(rows(Language::core(PETAL_TR("core", "Games")), figures_, this), 3);
+    tables->addWidget(rows(Language::core(PETAL_TR("core", "Yaku made")), yaku_, this), 2);
     layout->addLayout(tables);
     chartCaption_ = new QLabel(this);
     layout->addWidget(chartCaption_);
     chart_ = new MarginChart(this);
     layout->addWidget(chart_, 1);
     auto* buttons = new QHBoxLayout;
-    reset_ = new QPushButton(QStringLiteral("&Reset Statistics..."), this);
-    auto* close = new QPushButton(QStringLiteral("Close"), this);
+    reset_ = new QPushButton(Language::core(PETAL_TR("core", "&Reset Statistics...")), this);
+    auto* close = new QPushButton(Language::core(PETAL_TR("core", "Close")), this);
     close->setDefault(true);
     buttons->addWidget(reset_);
     buttons->addStretch();
@@ -69,19 +71,19 @@ void StatisticsDialog::sync() {
     {
         const QSignalBlocker quiet(record_);
         record_->clear();
-        for (const FrmStatistics::Record& r : form_.records) record_->addItem(QString::fromStdString(r.caption));
+        for (const FrmStatistics::Record& r : form_.records) record_->addItem(Language::core(r.caption));
         record_->setCurrentIndex(form_.cboRecordIndex);
     }
     for (std::size_t i = 0; i < figures_.size(); ++i) {
         const bool shown = i < form_.figures.size();
-        figures_[i].first->setText(shown ? QString::fromStdString(form_.figures[i].first) : QString());
+        figures_[i].first->setText(shown ? Language::core(form_.figures[i].first) : QString());
         figures_[i].second->setText(shown ? QString::fromStdString(form_.figures[i].second) : QString());
     }
     for (std::size_t i = 0; i < yaku_.size(); ++i) {
-        yaku_[i].first->setText(QString::fromStdString(form_.yakuMade[i].first));
+        yaku_[i].first->setText(Language::core(form_.yakuMade[i].first));
         yaku_[i].second->setText(QString::fromStdString(form_.yakuMade[i].second));
     }
-    chartCaption_->setText(QString::fromStdString(form_.chartCaption));
+    chartCaption_->setText(Language::core(form_.chartCaption));
     chart_->setMargins(form_.chartMargins);
     reset_->setEnabled(form_.cmdResetEnabled);
 }

@@ -2,6 +2,7 @@
 
 #include "cards/Val.h"
 #include "shell/FrmMain.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -9,9 +10,9 @@ void FrmScoreCard::LoadGridHeader() {
     colWidths = {780, 1365, 1365};
     const int rows = f_.g.gRounds + 2;
     grid.assign(rows < 1 ? 1 : rows, std::vector<GridCell>(3));
-    cell(0, 0).text = "Round";
-    cell(0, 1).text = "Player";
-    cell(0, 2).text = f_.g.gPlayMode == 0 ? "Computer" : "Opponent";
+    cell(0, 0).text = PETAL_TR("core", "Round");
+    cell(0, 1).text = PETAL_TR("core", "Player");
+    cell(0, 2).text = f_.g.gPlayMode == 0 ? PETAL_TR("core", "Computer") : PETAL_TR("core", "Opponent");
     for (int col = 0; col < 3; ++col) {
         cell(0, col).fontSize = 10;
         cell(0, col).bold = true;
@@ -63,12 +64,14 @@ void FrmScoreCard::judge() {
     const int rounds = f_.g.gRounds;
     GridCell& last = cell(rounds + 1, 0);
     if (Val(cell(rounds, 1).text) == 0) {
-        last.text = "Total";
+        last.text = PETAL_TR("core", "Total");
         return;
     }
-    last.text = "Final";
+    last.text = PETAL_TR("core", "Final");
     const long mine = Val(cell(rounds + 1, 1).text), theirs = Val(cell(rounds + 1, 2).text);
-    lblFormCaption = theirs < mine ? "You Win!" : theirs == mine ? "Tie Game!" : "You Lose!";
+    lblFormCaption = theirs < mine    ? PETAL_TR("core", "You Win!")
+                     : theirs == mine ? PETAL_TR("core", "Tie Game!")
+                                      : PETAL_TR("core", "You Lose!");
 }
 
 void FrmScoreCard::Form_Activate() {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/Form.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -27,7 +28,7 @@ public:
     bool mFromMenu = false;  // set by the View menu before showing
 
     // Twips, as the formulas size the form to the rounds.
-    std::string lblFormCaption = "Tournament Score Card";
+    std::string lblFormCaption = PETAL_TR("core", "Tournament Score Card");
     static constexpr int kLabelHeight = 345;
     static constexpr int kGridTop = 360;
     static constexpr int kGridWidth = 3600;

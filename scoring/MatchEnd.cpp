@@ -12,6 +12,7 @@
 #include "platform/Host.h"
 #include "platform/Socket.h"
 #include "platform/Timer.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -65,7 +66,7 @@ void MatchEnd::sweepClaim() {
 
 // Cancel: the question belonged to a network session that has ended while it stood.
 MsgResult MatchEnd::askPlayAgain() {
-    return f_.host.msgBox({"Do you want to play again?", "Play Again?", MsgIcon::Question, MsgButtons::YesNo, false,
+    return f_.host.msgBox({PETAL_TR("core", "Do you want to play again?"), PETAL_TR("core", "Play Again?"), MsgIcon::Question, MsgButtons::YesNo, false,
                            f_.g.gPlayMode != 0});
 }
 
@@ -148,7 +149,7 @@ bool MatchEnd::answerRematch() {
     f_.sendToPeer("NEWG,0");
     const bool peerUndecided = f_.g.gRematchPending;
     f_.g.gRematchPending = false;
-    return !peerUndecided || f_.waitForPeer("Please Wait...", "Asking your opponent for another game.");
+    return !peerUndecided || f_.waitForPeer(PETAL_TR("core", "Please Wait..."), PETAL_TR("core", "Asking your opponent for another game."));
 }
 
 void MatchEnd::endTournamentRound() {
@@ -218,7 +219,8 @@ void MatchEnd::endTournamentRound() {
 void MatchEnd::awaitNextRound() {
     MainVars& m = f_.m;
     if (f_.g.gPlayMode == 1) {
-        if (!m.mPeerReady) f_.waitForPeer("Please Wait...", "Waiting for your opponent to close the score card.");
+        if (!m.mPeerReady) f_.waitForPeer(PETAL_TR("core", "Please Wait..."),
+                                        PETAL_TR("core", "Waiting for your opponent to close the score card."));
         return;
     }
     const int serial = m.dealSerial;
@@ -229,7 +231,7 @@ void MatchEnd::awaitNextRound() {
     Timer grace(f_.host, [&late] { late = true; }, kNextRoundGraceMs);
     grace.setEnabled(true);
     f_.host.waitUntil([&] { return late || !waiting(); });
-    if (waiting()) f_.waitForPeer("Please Wait...", "Waiting for your host to start the next round.");
+    if (waiting()) f_.waitForPeer(PETAL_TR("core", "Please Wait..."), PETAL_TR("core", "Waiting for your host to start the next round."));
 }
 
 void MatchEnd::showScoreCard() {
@@ -277,7 +279,7 @@ void MatchEnd::offerSingleHighScore(int p) {
     winner.mScore = p;
     winner.mYakuCount = f_.m.mYakuCount[0];
     winner.mRounds = 0;
-    winner.mFormCaption = "Single Game High Score";
+    winner.mFormCaption = PETAL_TR("core", "Single Game High Score");
     f_.host.showModal(winner);
 }
 
@@ -292,7 +294,7 @@ void MatchEnd::offerTournamentHighScore() {
     for (int i = 1; i <= g.roundScoresUpper(); ++i) won += g.gRoundScores[0][i] > g.gRoundScores[1][i] ? 1 : 0;
     winner.mRoundsWon = won;
     winner.mRounds = g.gRounds;
-    winner.mFormCaption = "Tournament High Score";
+    winner.mFormCaption = PETAL_TR("core", "Tournament High Score");
     f_.host.showModal(winner);
 }
 

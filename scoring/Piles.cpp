@@ -8,6 +8,7 @@
 #include "cards/Val.h"
 #include "shell/FrmMain.h"
 #include "platform/Host.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -122,7 +123,7 @@ void Piles::CalcPlayerPoints() {
             if (f_.m.mYakuCards[t][g] == 3) sum += 50;
     if (sum <= 0) return;
     ScorePanel& panel = f_.ctl.panel[t == 0 ? 0 : 1];
-    if (panel.lblPoints[3].Caption != "Total") panel.lblPoints[3].Caption = "Total";
+    if (panel.lblPoints[3].Caption != "Total") panel.lblPoints[3].Caption = PETAL_TR("core", "Total");
     setCaption(panel.lblPointsTotal[3].Caption, {}, sum);
 }
 

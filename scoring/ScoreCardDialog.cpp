@@ -8,6 +8,8 @@
 
 #include "scoring/FrmScoreCard.h"
 #include "platform/qt/QtHost.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
@@ -17,7 +19,7 @@ constexpr int kTwips = 15;
 
 ScoreCardDialog::ScoreCardDialog(FrmScoreCard& form, QtHost& host, QWidget* parent)
     : FormDialog(form, host, parent), form_(form), heading_(new QLabel(this)), grid_(new QTableWidget(this)) {
-    setWindowTitle(QStringLiteral("Score Card"));
+    setWindowTitle(Language::core(PETAL_TR("core", "Score Card")));
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 6);
     layout->setSpacing(1);
@@ -34,13 +36,13 @@ ScoreCardDialog::ScoreCardDialog(FrmScoreCard& form, QtHost& host, QWidget* pare
     grid_->setSelectionMode(QAbstractItemView::NoSelection);
     // Tab reaches the grid, so that a reader can go through its cells with the arrows.
     grid_->setFocusPolicy(Qt::TabFocus);
-    grid_->setAccessibleName(QStringLiteral("Score card"));
+    grid_->setAccessibleName(Language::core(PETAL_TR("core", "Score card")));
     grid_->setTextElideMode(Qt::ElideNone);
     grid_->setWordWrap(false);
     grid_->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     grid_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     layout->addWidget(grid_);
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
+    auto* ok = new QPushButton(Language::core(PETAL_TR("core", "OK")), this);
     ok->setDefault(true);
     ok->setFixedWidth(80);
     layout->addWidget(ok, 0, Qt::AlignHCenter);
@@ -49,7 +51,7 @@ ScoreCardDialog::ScoreCardDialog(FrmScoreCard& form, QtHost& host, QWidget* pare
 }
 
 void ScoreCardDialog::fill() {
-    heading_->setText(QString::fromStdString(form_.lblFormCaption));
+    heading_->setText(Language::core(form_.lblFormCaption));
     const int rows = static_cast<int>(form_.grid.size());
     grid_->setRowCount(rows);
     grid_->setColumnCount(3);
@@ -58,7 +60,7 @@ void ScoreCardDialog::fill() {
         grid_->setRowHeight(r, form_.rowHeightMin / kTwips);
         for (int c = 0; c < 3; ++c) {
             const GridCell& cell = form_.grid[r][c];
-            auto* item = new QTableWidgetItem(QString::fromStdString(cell.text));
+            auto* item = new QTableWidgetItem(Language::core(cell.text));
             QFont font = item->font();
             font.setBold(cell.bold);
             font.setPointSize(cell.fontSize);

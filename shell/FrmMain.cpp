@@ -8,6 +8,7 @@
 #include "shell/FrmSetup.h"
 #include "shell/FrmSplash.h"
 #include "platform/Host.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -70,7 +71,8 @@ void FrmMain::Form_Load() {
     settings.LoadSettings();
     options.load(host.programFolder());
     if (!options.problem().empty())
-        host.msgBox({options.problem() + "\n\nThe game goes on with its usual options.", "Petalgarden",
+        host.msgBox({said(host, PETAL_TR("core", "%1\n\nThe game goes on with its usual options."), {options.problem()}),
+                     "Petalgarden",
                      MsgIcon::Exclamation, MsgButtons::OK});
     menu.mnuSound.Checked = options.flag("sound", true);
     menu.mnuAnimations.Checked = options.flag("animations", true);
@@ -88,7 +90,7 @@ void FrmMain::Form_Load() {
 
 bool FrmMain::Form_Unload() {
     if (g.gGameInProgress <= 0) return false;
-    const MsgResult answer = host.msgBox({"Are you sure?", "Quit Petalgardn", MsgIcon::Question, MsgButtons::YesNo});
+    const MsgResult answer = host.msgBox({PETAL_TR("core", "Are you sure?"), PETAL_TR("core", "Quit Petalgardn"), MsgIcon::Question, MsgButtons::YesNo});
     if (answer != MsgResult::Yes) {
         // Timers ran while the question stood: the game may have ended meanwhile.
         if (g.gGameInProgress == 0) dealer.NewGame(true);
@@ -166,7 +168,7 @@ void FrmMain::startChosenMode() {
             return true;
         } catch (const SocketError& e) {
             if (e.number() != Socket::kInvalidOperation) return false;
-            host.msgBox({e.what(), "Connection Error " + std::to_string(e.number()), MsgIcon::Exclamation, MsgButtons::OK});
+            host.msgBox({e.what(), said(host, PETAL_TR("core", "Connection Error %1"), {std::to_string(e.number())}), MsgIcon::Exclamation, MsgButtons::OK});
             return true;
         }
     };

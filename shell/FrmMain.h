@@ -19,6 +19,7 @@
 #include "net/WireProtocol.h"
 #include "opponent/Computer.h"
 #include "opponent/Hint.h"
+#include "opponent/SeenPlays.h"
 #include "records/Gardenia.h"
 #include "records/OwnOptions.h"
 #include "records/Statistics.h"
@@ -74,6 +75,7 @@ public:
     MatchEnd matchEnd;
     Computer computer;
     Hint hint;
+    SeenPlays seenPlays;  // the hand cards played this deal, for the strong computer and the hint
     RemoteReplay remote;
     WireProtocol net;
     Connection connection;

@@ -9,6 +9,7 @@
 #include "shell/FrmMain.h"
 #include "platform/Host.h"
 #include "platform/Socket.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -73,21 +74,22 @@ bool FrmSetup::FormValidation() {
         const long rounds = Val(txtRounds.Text);
         if (rounds < 2 || rounds > 20) {
             mInvalidControl = Field::Rounds;
-            f_.host.msgBox({"Rounds cannot be less than 2 or greater than 20.", "Invalid Rounds Value",
-                            MsgIcon::Exclamation, MsgButtons::OK});
+            f_.host.msgBox({PETAL_TR("core", "Rounds cannot be less than 2 or greater than 20."),
+                            PETAL_TR("core", "Invalid Rounds Value"), MsgIcon::Exclamation, MsgButtons::OK});
             return false;
         }
         const std::size_t first = txtHostIP.Text.find_first_not_of(' ');
         if (optGame[2] && first == std::string::npos) {
             mInvalidControl = Field::HostIP;
-            f_.host.msgBox({"Host IP field cannot be left blank.", "Required Field", MsgIcon::Exclamation, MsgButtons::OK});
+            f_.host.msgBox({PETAL_TR("core", "Host IP field cannot be left blank."), PETAL_TR("core", "Required Field"),
+                            MsgIcon::Exclamation, MsgButtons::OK});
             return false;
         }
     }
     // Ours: text that names no host is told here, before anything is sent.
     if (optGame[2] && !parseJoinAddress(txtHostIP.Text)) {
         mInvalidControl = Field::HostIP;
-        f_.host.msgBox({kNoAddress, "Host Address", MsgIcon::Exclamation, MsgButtons::OK});
+        f_.host.msgBox({kNoAddress, PETAL_TR("core", "Host Address"), MsgIcon::Exclamation, MsgButtons::OK});
         return false;
     }
     return true;
@@ -110,7 +112,8 @@ void FrmSetup::writeChoices(int playMode) {
     std::string problem = f_.options.set(Computer::kOption, optComputer[1] ? "strong" : "standard");
     if (problem.empty()) problem = router;
     if (!problem.empty())
-        f_.host.msgBox({problem + "\n\nThe options you chose hold until the program ends.", "Petalgarden",
+        f_.host.msgBox({said(f_.host, PETAL_TR("core", "%1\n\nThe options you chose hold until the program ends."), {problem}),
+                        "Petalgarden",
                         MsgIcon::Exclamation, MsgButtons::OK});
 }
 
@@ -124,9 +127,9 @@ void FrmSetup::cmdOK_Click() {
     // Setup's OK starts the connection anew, or leaves it for single play: either way the
     // opponent is dropped.
     const bool connected = g.gPlayMode == 1 && f_.socketState() == Socket::sckConnected;
-    if (connected && f_.host.msgBox({"Your opponent is connected.  Saving the changes you made will end the "
-                                     "connection.  Do you want to proceed?",
-                                     "Opponent Connected", MsgIcon::Question, MsgButtons::YesNo}) != MsgResult::Yes)
+    if (connected && f_.host.msgBox({PETAL_TR("core", "Your opponent is connected.  Saving the changes you made will "
+                                                      "end the connection.  Do you want to proceed?"),
+                                     PETAL_TR("core", "Opponent Connected"), MsgIcon::Question, MsgButtons::YesNo}) != MsgResult::Yes)
         return;
     if (g.gGameInProgress <= 0) {
         if (connected && playMode == 0) f_.tcpMultiPlayer->Close();
@@ -135,8 +138,9 @@ void FrmSetup::cmdOK_Click() {
         f_.tmrWinsockState.setEnabled(g.gPlayMode != 0);
     } else {
         const std::string question =
-            "A game is already in session.  Saving the changes you made will reset the current game.  Do you want to proceed?";
-        if (f_.host.msgBox({question, "Reset Game", MsgIcon::Question, MsgButtons::YesNo}) == MsgResult::Yes) {
+            PETAL_TR("core", "A game is already in session.  Saving the changes you made will reset the current game.  "
+                             "Do you want to proceed?");
+        if (f_.host.msgBox({question, PETAL_TR("core", "Reset Game"), MsgIcon::Question, MsgButtons::YesNo}) == MsgResult::Yes) {
             writeChoices(playMode);
             if (playMode == 0) {
                 f_.tcpMultiPlayer->Close();

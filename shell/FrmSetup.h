@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/Form.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -27,9 +28,10 @@ public:
     // The join box takes any host name (at most 253 characters) or address, with a port.
     static constexpr std::size_t kHostLength = 260;
     enum class Field { None, Rounds, HostIP };
-    static constexpr const char* kNoAddress =
+    static constexpr const char* kNoAddress = PETAL_TR(
+        "core",
         "The host's address cannot be read.  Type a name, an IPv4 address or an IPv6 address, and a port after a "
-        "colon if it is not 4800: for example 192.0.2.7, host.example:5000 or [2001:db8::7]:5000.";
+        "colon if it is not 4800: for example 192.0.2.7, host.example:5000 or [2001:db8::7]:5000.");
 
     explicit FrmSetup(FrmMain& f);
     const char* formName() const override { return "frmSetup"; }

@@ -5,6 +5,7 @@
 #include "records/AtomicFile.h"
 #include "shell/FrmMain.h"
 #include "platform/Host.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -165,9 +166,10 @@ void GameJournal::save() {
     const FileFailure failure = writeFileAtomically(path(), game_.text());
     if (!failure || toldUnsaved_) return;
     toldUnsaved_ = true;
-    f_.host.msgBox({"The game in progress cannot be saved: the file \"" + path().string() + "\" cannot be " +
-                        failure.operation + ": " + failure.reason +
-                        ".\n\nThe game goes on, but it cannot be resumed if the program ends.",
+    f_.host.msgBox({said(f_.host,
+                         PETAL_TR("core", "The game in progress cannot be saved: the file \"%1\" cannot be %2: %3.\n\n"
+                                          "The game goes on, but it cannot be resumed if the program ends."),
+                         {path().string(), failure.operation, failure.reason}),
                     "Petalgarden", MsgIcon::Exclamation, MsgButtons::OK});
 }
 

@@ -5,16 +5,19 @@
 #include <QSvgRenderer>
 #include <QTextDocument>
 
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
+
 namespace petal {
 
 HelpWindow::HelpWindow(QWidget* parent) : QTextBrowser(parent) {
     setWindowFlag(Qt::Window);
-    setWindowTitle(QStringLiteral("Petalgarden Help"));
     setOpenExternalLinks(true);
     resize(820, 720);
 }
 
 void HelpWindow::showPage(const QString& file) {
+    setWindowTitle(Language::core(PETAL_TR("core", "Petalgarden Help")));
     const QUrl page = QUrl::fromLocalFile(file);
     if (source() != page) setSource(page);
     show();

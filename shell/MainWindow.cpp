@@ -1,5 +1,6 @@
 #include "shell/MainWindow.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QKeyEvent>
@@ -8,6 +9,8 @@
 #include "engine/table_view/TableView.h"
 #include "shell/FrmMain.h"
 #include "shell/HelpWindow.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 #include "platform/qt/QtHost.h"
 
 namespace petal {
@@ -25,14 +28,15 @@ MainWindow::MainWindow(FrmMain& game, QtHost& host, PictureStore& pictures)
 
 void MainWindow::buildMenus() {
     for (const MenuModel::Menu& menu : game_.menu.menus()) {
-        QMenu* qmenu = menuBar()->addMenu(QString::fromStdString(menu.Caption));
+        QMenu* qmenu = menuBar()->addMenu(Language::core(menu.Caption));
         qmenu->setObjectName(QString::fromStdString(menu.name));
+        menus_.emplace_back(qmenu, menu.Caption);
         for (MenuItem* item : menu.items) {
             if (item->separator()) {
                 qmenu->addSeparator();
                 continue;
             }
-            QAction* action = qmenu->addAction(QString::fromStdString(item->Caption));
+            QAction* action = qmenu->addAction(Language::core(item->Caption));
             action->setObjectName(QString::fromStdString(item->name));
             action->setCheckable(item->checkable);
             if (!item->shortcut.empty()) action->setShortcut(QKeySequence(QString::fromStdString(item->shortcut)));
@@ -40,6 +44,52 @@ void MainWindow::buildMenus() {
             actions_[item] = action;
         }
     }
+}
+
+void MainWindow::addLanguageMenu(Language& language) {
+    language_ = &language;
+    QMenu* game = menuBar()->findChild<QMenu*>(QStringLiteral("mnuGame"));
+    languageMenu_ = new QMenu(game);
+    languageMenu_->setObjectName(QStringLiteral("mnuLanguage"));
+    game->insertMenu(actions_.at(&game_.menu.mnuSound), languageMenu_);
+    auto* group = new QActionGroup(languageMenu_);
+    QStringList choices{QStringLiteral("system")};
+    choices << Language::available();
+    const QString chosen = language.choice();
+    for (const QString& choice : choices) {
+        QAction* action = languageMenu_->addAction(choice == QLatin1String("system") ? QString() : Language::nativeName(choice));
+        action->setData(choice);
+        action->setCheckable(true);
+        action->setChecked(choice == chosen);
+        group->addAction(action);
+        connect(action, &QAction::triggered, this, [this, choice] { chooseLanguage(choice); });
+    }
+    retranslate();
+}
+
+// The choice is kept and spoken at once: every text on the screen is looked up as it is drawn.
+void MainWindow::chooseLanguage(const QString& choice) {
+    language_->apply(choice);
+    host_.dispatch([this, &choice] {
+        const std::string failure = game_.options.set(Language::kOption, choice.toStdString());
+        if (!failure.empty()) host_.msgBox({failure, "Petalgarden", MsgIcon::Exclamation, MsgButtons::OK});
+    });
+}
+
+void MainWindow::retranslate() {
+    for (auto& [qmenu, caption] : menus_) qmenu->setTitle(Language::core(caption));
+    for (auto& [item, action] : actions_) action->setText(Language::core(item->Caption));
+    if (languageMenu_) {
+        languageMenu_->setTitle(Language::core(PETAL_TR("core", "&Language")));
+        languageMenu_->actions().first()->setText(Language::core(PETAL_TR("core", "&System")));
+    }
+    if (help_ && help_->isVisible()) openHelp();
+    sync();
+}
+
+void MainWindow::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::LanguageChange) retranslate();
+    QMainWindow::changeEvent(event);
 }
 
 void MainWindow::runMenu(const MenuItem& item) {
@@ -60,7 +110,7 @@ void MainWindow::runMenu(const MenuItem& item) {
 }
 
 void MainWindow::sync() {
-    setWindowTitle(QString::fromStdString(game_.Caption));
+    setWindowTitle(Language::core(game_.Caption));
     game_.syncMenu();
     for (auto& [item, action] : actions_) {
         action->setEnabled(item->Enabled);
@@ -96,12 +146,22 @@ void MainWindow::keyPressEvent(QKeyEvent* event) {
 
 HelpWindow* MainWindow::helpWindow() const { return help_; }
 
+// The help in the language spoken, PetalgardenHelp_<code>.html beside the English page, where
+// there is one.
+QString MainWindow::helpPage() const {
+    const QString english = QString::fromStdString(game_.helpFile);
+    if (!language_ || language_->code() == QLatin1String("en")) return english;
+    const QString own = english.chopped(5) + QLatin1Char('_') + language_->code() + QStringLiteral(".html");
+    return QFileInfo(own).isReadable() ? own : english;
+}
+
 void MainWindow::openHelp() {
-    const QString file = QString::fromStdString(game_.helpFile);
+    const QString file = helpPage();
     if (!QFileInfo(file).isReadable()) {
-        host_.msgBox({"The help file cannot be found:\n" + game_.helpFile +
-                          "\n\nIt is installed with the game; installing Petalgarden again brings it back.",
-                      "Petalgarden Help", MsgIcon::Exclamation, MsgButtons::OK});
+        host_.msgBox({said(host_, PETAL_TR("core", "The help file cannot be found:\n%1\n\nIt is installed with the game; "
+                                                   "installing Petalgarden again brings it back."),
+                           {game_.helpFile}),
+                      PETAL_TR("core", "Petalgarden Help"), MsgIcon::Exclamation, MsgButtons::OK});
         return;
     }
     if (!help_) help_ = new HelpWindow(this);

@@ -7,7 +7,9 @@
 #include "assets/PictureStore.h"
 #include "engine/table_view/TableView.h"
 #include "platform/FatalError.h"
+#include "platform/qt/Language.h"
 #include "platform/qt/QtHost.h"
+#include "records/OwnOptions.h"
 #include "shell/CommandLine.h"
 #include "shell/FormDialogs.h"
 #include "shell/MainWindow.h"
@@ -20,6 +22,11 @@ int runProgram(const CommandLine& line, const std::filesystem::path& folder, con
     QApplication::setDesktopFileName(QStringLiteral("org.petalgarden.Petalgarden"));  // its menu entry
     QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));  // the forms' classic sans face
     QtHost host(folder);
+    // The language is in place before the first window, the splash, opens.
+    Language language;
+    OwnOptions own;
+    own.load(host.programFolder());
+    language.apply(QString::fromStdString(own.text(Language::kOption, "system")));
     PictureStore pictures;
     QIcon icon;
     for (int size : {16, 24, 32, 48, 64, 128, 256}) icon.addPixmap(pictures.pixmap(pic::AppIcon, QSize(size, size), 1.0));
@@ -27,6 +34,7 @@ int runProgram(const CommandLine& line, const std::filesystem::path& folder, con
     Program program(host);
     program.keepGames();
     MainWindow window(program.frmMain, host, pictures);
+    window.addLanguageMenu(language);
     host.setMainWidget(&window);
     host.onModelChanged = [&window] { window.sync(); };
     registerFormDialogs(host, pictures);

@@ -40,6 +40,7 @@ public:
     }
     std::string timeText() override;
     std::string dateText() override { return real_.dateText(); }
+    std::string translate(const char* context, const char* text) override { return real_.translate(context, text); }
     std::filesystem::path programFolder() override { return real_.programFolder(); }
     std::filesystem::path helpFolder() override { return real_.helpFolder(); }
     void showMainForm() override { real_.showMainForm(); }

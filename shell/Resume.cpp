@@ -6,6 +6,7 @@
 #include "records/SetAside.h"
 #include "shell/FrmMain.h"
 #include "shell/ReplayHost.h"
+#include "platform/Words.h"
 
 namespace petal {
 
@@ -14,12 +15,12 @@ bool Resume::found() const {
     return std::filesystem::exists(f_.journal.path(), ec);
 }
 
-std::string Resume::question(const SavedGame& s) {
-    const std::string scores =
-        "you " + std::to_string(s.playerTotal) + ", the computer " + std::to_string(s.opponentTotal) + ".";
-    if (s.options.gameType == 0) return "Resume your game? Y" + scores.substr(1);
-    return "Resume your tournament? Round " + std::to_string(s.round) + " of " + std::to_string(s.options.rounds) +
-           ", " + scores;
+std::string Resume::question(const SavedGame& s) const {
+    const std::string you = std::to_string(s.playerTotal), computer = std::to_string(s.opponentTotal);
+    if (s.options.gameType == 0)
+        return said(f_.host, PETAL_TR("core", "Resume your game? You %1, the computer %2."), {you, computer});
+    return said(f_.host, PETAL_TR("core", "Resume your tournament? Round %1 of %2, you %3, the computer %4."),
+                {std::to_string(s.round), std::to_string(s.options.rounds), you, computer});
 }
 
 void Resume::offer() {
@@ -33,13 +34,14 @@ void Resume::offer() {
     FileFailure failure;
     std::optional<SavedGame> saved;
     if (!readFileBounded(file, SavedGame::kLongestFile, bytes, failure))
-        reason = "it cannot be " + failure.operation + " (" + failure.reason + ")";
+        reason = said(f_.host, PETAL_TR("core", "it cannot be %1 (%2)"), {failure.operation, failure.reason});
     else if (bytes.size() > SavedGame::kLongestFile)
-        reason = "it is far too long";
+        reason = said(f_.host, PETAL_TR("core", "it is far too long"));
     else
         saved = SavedGame::parse(bytes, reason);
     if (saved && !Computer::plays(saved->options.computer)) {
-        reason = "it is a game against a computer (\"" + saved->options.computer + "\") that this version does not have";
+        reason = said(f_.host, PETAL_TR("core", "it is a game against a computer (\"%1\") that this version does not have"),
+                      {saved->options.computer});
         saved.reset();
     }
     if (!saved) return setAside(reason);
@@ -139,9 +141,10 @@ void Resume::setAside(const std::string& reason) {
     const std::filesystem::path file = f_.journal.path();
     std::string failure;
     const std::filesystem::path aside = petal::setAside(file, failure);
-    const std::string where = aside.empty() ? "It cannot be moved aside (" + failure + ")."
-                                            : "It is kept as \"" + aside.string() + "\".";
-    f_.host.msgBox({"The saved game \"" + file.string() + "\" cannot be resumed: " + reason + ".\n\n" + where,
+    const std::string where = aside.empty() ? said(f_.host, PETAL_TR("core", "It cannot be moved aside (%1)."), {failure})
+                                            : said(f_.host, PETAL_TR("core", "It is kept as \"%1\"."), {aside.string()});
+    f_.host.msgBox({said(f_.host, PETAL_TR("core", "The saved game \"%1\" cannot be resumed: %2.\n\n%3"),
+                         {file.string(), reason, where}),
                     "Petalgarden", MsgIcon::Exclamation, MsgButtons::OK});
 }
 

@@ -22,7 +22,7 @@ public:
     void offer();
 
     // The question for a saved game.
-    static std::string question(const SavedGame& saved);
+    std::string question(const SavedGame& saved) const;
 
 private:
     struct Before {

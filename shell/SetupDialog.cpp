@@ -13,6 +13,8 @@
 #include "assets/PictureStore.h"
 #include "shell/FrmSetup.h"
 #include "platform/qt/QtHost.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
@@ -33,26 +35,26 @@ void paintBox(QLineEdit* box, const SetupTextBox& model) {
 
 SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, QWidget* parent)
     : FormDialog(form, host, parent), form_(form) {
-    setWindowTitle(QStringLiteral("Setup"));
+    setWindowTitle(Language::core(PETAL_TR("core", "Setup")));
     auto* top = new QGridLayout(this);
 
     auto* frame1 = new QGroupBox(this);
     auto* typeLayout = new QGridLayout(frame1);
-    const char* types[2] = {"Single Game", "Tournament"};
+    const char* types[2] = {PETAL_TR("core", "Single Game"), PETAL_TR("core", "Tournament")};
     for (int i = 0; i < 2; ++i) {
-        gameType_[i] = new QRadioButton(QString::fromLatin1(types[i]), frame1);
+        gameType_[i] = new QRadioButton(Language::core(types[i]), frame1);
         typeLayout->addWidget(gameType_[i], i, 0, 1, 2);
         onClick(gameType_[i], [this, i] { form_.selectGameType(i); });
     }
-    roundsLabel_ = new QLabel(QStringLiteral("Rounds"), frame1);
+    roundsLabel_ = new QLabel(Language::core(PETAL_TR("core", "Rounds")), frame1);
     rounds_ = new QLineEdit(frame1);
     rounds_->setFixedWidth(40);
     rounds_->installEventFilter(this);
     roundsLabel_->setBuddy(rounds_);  // a reader names the box by its label
-    frame1->setAccessibleName(QStringLiteral("Game Type"));
+    frame1->setAccessibleName(Language::core(PETAL_TR("core", "Game Type")));
     typeLayout->addWidget(roundsLabel_, 2, 0);
     typeLayout->addWidget(rounds_, 2, 1, Qt::AlignLeft);
-    yaku_ = new QCheckBox(QStringLiteral("Use Yaku"), frame1);
+    yaku_ = new QCheckBox(Language::core(PETAL_TR("core", "Use Yaku")), frame1);
     typeLayout->addWidget(yaku_, 3, 0, 1, 2);
     top->addWidget(frame1, 0, 0);
 
@@ -62,12 +64,13 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     decoration->setFocusPolicy(Qt::NoFocus);
     top->addWidget(decoration, 0, 1);
 
-    auto* frame2 = new QGroupBox(QStringLiteral("Game Options"), this);
+    auto* frame2 = new QGroupBox(Language::core(PETAL_TR("core", "Game Options")), this);
     auto* modeLayout = new QGridLayout(frame2);
-    const char* modes[3] = {"Single Player (you versus the computer)", "Host A Game (server side component)",
-                            "Join A Game (client side component)"};
+    const char* modes[3] = {PETAL_TR("core", "Single Player (you versus the computer)"),
+                            PETAL_TR("core", "Host A Game (server side component)"),
+                            PETAL_TR("core", "Join A Game (client side component)")};
     for (int i = 0; i < 3; ++i) {
-        game_[i] = new QRadioButton(QString::fromLatin1(modes[i]), frame2);
+        game_[i] = new QRadioButton(Language::core(modes[i]), frame2);
         modeLayout->addWidget(game_[i], i * 2, 0, 1, 2);
         onClick(game_[i], [this, i] { form_.selectGame(i); });
     }
@@ -76,11 +79,11 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     computerRow_ = new QWidget(frame2);
     auto* computerLayout = new QHBoxLayout(computerRow_);
     computerLayout->setContentsMargins(24, 0, 0, 0);
-    auto* computerLabel = new QLabel(QStringLiteral("Computer:"), computerRow_);
+    auto* computerLabel = new QLabel(Language::core(PETAL_TR("core", "Computer:")), computerRow_);
     computerLayout->addWidget(computerLabel);
-    const char* computers[2] = {"Standard", "Strong"};
+    const char* computers[2] = {PETAL_TR("core", "Standard"), PETAL_TR("core", "Strong")};
     for (int i = 0; i < 2; ++i) {
-        computer_[i] = new QRadioButton(QString::fromLatin1(computers[i]), computerRow_);
+        computer_[i] = new QRadioButton(Language::core(computers[i]), computerRow_);
         computerLayout->addWidget(computer_[i]);
         onClick(computer_[i], [this, i] { form_.selectComputer(i); });
     }
@@ -88,20 +91,21 @@ SetupDialog::SetupDialog(FrmSetup& form, QtHost& host, PictureStore& pictures, Q
     computerLayout->addStretch();
     modeLayout->addWidget(computerRow_, 1, 0, 1, 2);
     hostIP_ = new QLineEdit(frame2);
-    auto* hostLabel = new QLabel(QStringLiteral("Host IP"), frame2);
+    auto* hostLabel = new QLabel(Language::core(PETAL_TR("core", "Host IP")), frame2);
     hostLabel->setBuddy(hostIP_);
     modeLayout->addWidget(hostLabel, 5, 0);
     modeLayout->addWidget(hostIP_, 5, 1);
     // Under hosting, as the computer's row stands under single play.
-    routerPort_ = new QCheckBox(QStringLiteral("Let friends across the internet join (opens the port on your router)"), frame2);
+    routerPort_ = new QCheckBox(
+        Language::core(PETAL_TR("core", "Let friends across the internet join (opens the port on your router)")), frame2);
     auto* routerRow = new QHBoxLayout;
     routerRow->setContentsMargins(24, 0, 0, 0);
     routerRow->addWidget(routerPort_);
     modeLayout->addLayout(routerRow, 3, 0, 1, 2);
     top->addWidget(frame2, 1, 0, 1, 2);
 
-    auto* ok = new QPushButton(QStringLiteral("OK"), this);
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"), this);
+    auto* ok = new QPushButton(Language::core(PETAL_TR("core", "OK")), this);
+    auto* cancel = new QPushButton(Language::core(PETAL_TR("core", "Cancel")), this);
     ok->setDefault(true);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();

@@ -11,12 +11,14 @@
 #include "assets/PictureStore.h"
 #include "platform/qt/QtHost.h"
 #include "shell/FrmSplash.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
 namespace {
 
-QString text(const std::string& caption) { return QString::fromStdString(caption); }
+QString text(const std::string& caption) { return Language::core(caption); }
 
 QColor fromBgr(std::uint32_t bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
 
@@ -61,7 +63,7 @@ SplashDialog::SplashDialog(FrmSplash& form, QtHost& host, PictureStore& pictures
     title->setStyleSheet(QStringLiteral("color: #7A1E16;"));
     stopsEvents(title);
     middle->addWidget(title, 0, Qt::AlignHCenter);
-    auto* version = styledLabel(QStringLiteral("Version ") + text(form.lblVersion.Caption), frame1_, "Liberation Sans", 10, true);
+    auto* version = styledLabel(Language::core(PETAL_TR("core", "Version %1")).arg(QString::fromStdString(form.lblVersion.Caption)), frame1_, "Liberation Sans", 10, true);
     version->setObjectName(QStringLiteral("lblVersion"));
     auto* platform = styledLabel(text(form.lblPlatform.Caption), frame1_, "Liberation Sans", 9);
     platform->setObjectName(QStringLiteral("lblPlatform"));

@@ -1,5 +1,6 @@
 // The strong computer and the hint: what they may see, what they play for, and the hint's marks.
 #include "GameFixture.h"
+#include "opponent/HandReading.h"
 #include "opponent/StrongSearch.h"
 
 namespace petal::test {
@@ -76,6 +77,45 @@ TEST(StrongSearch, InTheLastDealOfATournamentItPlaysToWinTheTournament) {
         for (int d : c.safe) safe += StrongSearch::worth(c.sight, d);
         for (int d : c.gamble) gamble += StrongSearch::worth(c.sight, d);
         EXPECT_EQ(gamble > safe, c.gambles) << c.rule;
+    }
+}
+
+// The other side's plays, read as the standard rule's, make a hidden card less likely where
+// holding it the rule would have played otherwise. The table holds Matsu No Tan and Ume No Kasu;
+// the other side played from slot 3.
+TEST(StrongSearch, AHandIsReadFromThePlaysAsTheStandardRule) {
+    struct Case {
+        const char* rule;
+        int played, card, slot;
+        bool agrees;
+    };
+    const Case cases[] = {
+        {"Ume No Tan took 10: Matsu Ni Tsuru would have taken 30", 5, 0, 5, false},
+        {"a capture as rich in a lower slot goes first", 5, 2, 1, false},
+        {"a capture as rich in a higher slot does not", 5, 2, 5, true},
+        {"a card that takes nothing", 5, 10, 1, true},
+        {"laid down: no capture was worth anything", 10, 0, 1, false},
+        {"laid down: a capture worth nothing is none", 10, 7, 1, true},
+        {"laid down: the cheapest in the highest slot goes", 10, 11, 5, false},
+        {"laid down: as cheap in a lower slot", 10, 11, 1, true},
+        {"laid down: a dearer card stays", 10, 8, 5, true},
+    };
+    for (const Case& c : cases) {
+        SeenPlays::Play play;
+        play.handSlot = 3;
+        play.card = static_cast<std::int8_t>(c.played);
+        play.tableSlots = 2;
+        play.table.fill(-1);
+        play.table[0] = 1;
+        play.table[1] = 6;
+        Sight sight;
+        sight.side = 1;
+        sight.seen.hand[0].fill(Sight::kUnseen);
+        sight.seen.hand[0][3] = -1;
+        sight.hidden[0] = static_cast<std::int8_t>(c.card);
+        sight.hiddenCount = 1;
+        readHand(sight, std::span(&play, 1), 0.01);
+        EXPECT_EQ(sight.odds[c.card][c.slot], c.agrees ? 1.0 : 0.01) << c.rule;
     }
 }
 

@@ -14,6 +14,8 @@ int freePort();
 // Starts a program with its standard output (and error, if given) in files.
 pid_t startProgram(const std::string& program, const std::vector<std::string>& args,
                    const std::filesystem::path& output, const std::filesystem::path& errors = {});
+// The exit status, or -1 if the process had to be killed after the limit.
+int finishProgram(pid_t pid, std::chrono::milliseconds limit);
 // Waits until something listens on the port (read from the kernel's tables, without
 // connecting, since a connection is itself an event for the listener).
 bool listening(int port, std::chrono::milliseconds limit);

@@ -2,10 +2,12 @@
 
 #include "engine/table_view/TableStatusAccessible.h"
 #include "engine/table_view/TableView.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
-TableAccessible::TableAccessible(TableView* view) : QAccessibleWidget(view, QAccessible::Pane, "Card table") {}
+TableAccessible::TableAccessible(TableView* view) : QAccessibleWidget(view, QAccessible::Pane, Language::core(PETAL_TR("core", "Card table"))) {}
 
 TableAccessible::~TableAccessible() {
     for (const auto& [key, id] : children_) QAccessible::deleteAccessibleInterface(id);

@@ -2,36 +2,40 @@
 
 #include "engine/table_view/TableSpeech.h"
 #include "net/FrmPetalChat.h"
+#include "platform/Words.h"
 #include "shell/FrmMain.h"
 
 namespace petal {
 
-std::string TableNarrator::who(int side, bool subject) const {
-    if (side == 0) return subject ? "You" : "you";
-    std::string name = opponentName(f_);
-    if (!subject) name[0] = 't';
-    return name;
+// A sentence of the player's (mine) or of the opposite side's (theirs): %1 and %2 are its
+// cards, %3 the opposite side as an object and %4 as a subject.
+std::string TableNarrator::sentence(int side, const char* mine, const char* theirs, const std::string& card,
+                                    const std::string& taken) const {
+    if (side == 0) return said(f_.host, mine, {card, taken});
+    const std::string object = said(f_.host, f_.g.gPlayMode == 0 ? PETAL_TR("core", "the computer") : PETAL_TR("core", "the other player"));
+    return said(f_.host, theirs, {card, taken, object, opponentName(f_)});
 }
 
-namespace {
-std::string verb(int side, const char* word) { return side == 0 ? word : std::string(word) + "s"; }
-}  // namespace
-
 void TableNarrator::moved(int side, bool fromDeck, int pos, int took, int) {
-    const std::string card = spokenCard(f_.m.mCards.at(pos));
-    const std::string taken = took >= 0 ? spokenCard(f_.m.mCards.at(took)) : "";
-    if (fromDeck)
-        said_.push_back("The deck turns " + card + " for " + who(side, false) + ". " + who(side, true) + " " +
-                        (took >= 0 ? verb(side, "take") + " " + taken : verb(side, "lay") + " it down") + ".");
+    const std::string card = spokenCard(f_, f_.m.mCards.at(pos));
+    const std::string taken = took >= 0 ? spokenCard(f_, f_.m.mCards.at(took)) : "";
+    if (fromDeck && took >= 0)
+        said_.push_back(sentence(side, PETAL_TR("core", "The deck turns %1 for you. You take %2."),
+                                 PETAL_TR("core", "The deck turns %1 for %3. %4 takes %2."), card, taken));
+    else if (fromDeck)
+        said_.push_back(sentence(side, PETAL_TR("core", "The deck turns %1 for you. You lay it down."),
+                                 PETAL_TR("core", "The deck turns %1 for %3. %4 lays it down."), card, taken));
+    else if (took >= 0)
+        said_.push_back(sentence(side, PETAL_TR("core", "You play %1 and take %2."), PETAL_TR("core", "%4 plays %1 and takes %2."),
+                                 card, taken));
     else
-        said_.push_back(who(side, true) + " " +
-                        (took >= 0 ? verb(side, "play") + " " + card + " and " + verb(side, "take") + " " + taken
-                                   : verb(side, "lay") + " down " + card) + ".");
+        said_.push_back(sentence(side, PETAL_TR("core", "You lay down %1."), PETAL_TR("core", "%4 lays down %1."), card, taken));
     lookForYaku();
 }
 
 void TableNarrator::claimed(int side, int pos, int) {
-    said_.push_back(who(side, true) + " " + verb(side, "claim") + " " + spokenCard(f_.m.mCards.at(pos)) + ".");
+    said_.push_back(sentence(side, PETAL_TR("core", "You claim %1."), PETAL_TR("core", "%4 claims %1."),
+                             spokenCard(f_, f_.m.mCards.at(pos)), {}));
     lookForYaku();
 }
 
@@ -52,7 +56,7 @@ void TableNarrator::lookForYaku() {
         for (int k = 0; k < 8; ++k) {
             const int held = f_.m.mYakuCards[side][k];
             if (held == 3 && yaku_[side][k] != 3)
-                said_.push_back(who(side, true) + " " + verb(side, "make") + " " + spokenYaku(f_, k) + ".");
+                said_.push_back(sentence(side, PETAL_TR("core", "You make %1."), PETAL_TR("core", "%4 makes %1."), spokenYaku(f_, k), {}));
             yaku_[side][k] = held;
         }
 }
@@ -62,8 +66,9 @@ void TableNarrator::lookForResult() {
     const bool shown = banner.Visible && banner.hasPicture();
     if (shown && !result_) {
         for (const SpokenThing& t : spokenTable(f_))
-            if (t.kind == SpokenThing::Kind::Banner && t.index == 0) said_.push_back(t.name + ", " + f_.ctl.panel[0].lblPointsTotal[3].Caption +
-                                                                                     " to " + f_.ctl.panel[1].lblPointsTotal[3].Caption + ".");
+            if (t.kind == SpokenThing::Kind::Banner && t.index == 0)
+                said_.push_back(said(f_.host, PETAL_TR("core", "%1, %2 to %3."),
+                                     {t.name, f_.ctl.panel[0].lblPointsTotal[3].Caption, f_.ctl.panel[1].lblPointsTotal[3].Caption}));
     }
     result_ = shown;
 }
@@ -74,7 +79,7 @@ void TableNarrator::lookForChat() {
     chatForm_ = form;
     if (!form) return;
     const std::vector<std::string>& lines = form->lstChat.List;
-    for (std::size_t i = chatLines_; i < lines.size(); ++i) said_.push_back("Chat: " + lines[i]);
+    for (std::size_t i = chatLines_; i < lines.size(); ++i) said_.push_back(said(f_.host, PETAL_TR("core", "Chat: %1"), {lines[i]}));
     chatLines_ = static_cast<int>(lines.size());
 }
 
@@ -88,10 +93,12 @@ std::vector<std::string> TableNarrator::take() {
     deal_ = f_.m.dealSerial;
     const Turn now = turnNow();
     if (now != turn_ && now != Turn::None)
-        said_.push_back(now == Turn::Local ? "Your turn." : opponentName(f_) + "'s turn.");
+        said_.push_back(now == Turn::Local ? said(f_.host, PETAL_TR("core", "Your turn."))
+                                           : said(f_.host, PETAL_TR("core", "%1's turn."), {opponentName(f_)}));
     const bool placing = now == Turn::Local && f_.ctl.shpFlipCard.Visible;
     if (placing && !placing_)
-        said_.push_back("The deck turns " + spokenCard(f_.m.mCards.at(f_.ctl.imgFlipCard.Tag.value())) + " for you. Choose a card for it to take.");
+        said_.push_back(said(f_.host, PETAL_TR("core", "The deck turns %1 for you. Choose a card for it to take."),
+                             {spokenCard(f_, f_.m.mCards.at(f_.ctl.imgFlipCard.Tag.value()))}));
     placing_ = placing;
     if (now != Turn::None || f_.g.gGameInProgress != 1) turn_ = now;
     std::vector<std::string> out;

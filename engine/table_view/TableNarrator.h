@@ -26,7 +26,8 @@ public:
 private:
     enum class Turn { None, Local, Opposite };
     Turn turnNow() const;
-    std::string who(int side, bool subject) const;
+    std::string sentence(int side, const char* mine, const char* theirs, const std::string& card,
+                         const std::string& taken) const;
     void lookForYaku();
     void lookForResult();
     void lookForChat();

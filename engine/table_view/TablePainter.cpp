@@ -6,6 +6,7 @@
 #include <cmath>
 
 #include "assets/PictureStore.h"
+#include "platform/qt/Language.h"
 
 namespace petal {
 
@@ -148,7 +149,7 @@ void TablePainter::paintLabel(const Label& label, const QRectF& area) {
     const Qt::Alignment align = label.alignment == Alignment::Center  ? Qt::AlignHCenter
                                 : label.alignment == Alignment::Right ? Qt::AlignRight
                                                                       : Qt::AlignLeft;
-    painter_.drawText(area, align | Qt::AlignVCenter, QString::fromStdString(label.Caption));
+    painter_.drawText(area, align | Qt::AlignVCenter, Language::core(label.Caption));
 }
 
 void TablePainter::paintButton(const Button& button, const QRectF& area) {
@@ -157,7 +158,7 @@ void TablePainter::paintButton(const Button& button, const QRectF& area) {
     painter_.setBrush(QColor(90, 24, 30));
     painter_.drawRoundedRect(area.adjusted(edge / 2, edge / 2, -edge / 2, -edge / 2), 3 * scale_.factor(), 3 * scale_.factor());
     painter_.setFont(fontFor({"MS Sans Serif", 8, true}, scale_.factor()));
-    painter_.drawText(area, Qt::AlignCenter, QString::fromStdString(button.Caption));
+    painter_.drawText(area, Qt::AlignCenter, Language::core(button.Caption));
 }
 
 // A light ring with a dark edge, unlike the solid blue and red frames of the game, so that it

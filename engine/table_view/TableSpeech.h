@@ -31,8 +31,8 @@ struct SpokenThing {
     bool sameThing(const SpokenThing& other) const { return kind == other.kind && index == other.index; }
 };
 
-// "Matsu Ni Tsuru, January, 20 points".
-std::string spokenCard(const CardRecord& card);
+// "Matsu Ni Tsuru, January, 20 points", in the language spoken.
+std::string spokenCard(const FrmMain& f, const CardRecord& card);
 // The yaku of a group (0 to 7) by its three cards: "the yaku of A, B and C".
 std::string spokenYaku(const FrmMain& f, int group);
 // What the opposite side is called: the computer, or the other player.

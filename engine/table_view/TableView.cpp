@@ -12,7 +12,10 @@
 
 #include "assets/PictureStore.h"
 #include "engine/table_view/TableAccessible.h"
+#include "cards/FrmCards.h"
 #include "engine/table_view/TablePainter.h"
+#include "platform/Words.h"
+#include "platform/qt/Language.h"
 #include "shell/FrmMain.h"
 #include "platform/qt/QtHost.h"
 
@@ -288,17 +291,30 @@ void TableView::mouseMoved(const Item* item) {
     });
 }
 
+namespace {
+
+// A card's tool tip is one of the catalogue's own texts: which card's is known by where it lies.
+QString spokenToolTip(std::string_view text) {
+    for (int n = 1; n <= FrmCards::kCards; ++n) {
+        const CardRecord& card = FrmCards::card(n);
+        if (cardToolTip(card).data() == text.data())
+            return Language::core(PETAL_TR("core", "%1 (%2 pts.)"))
+                .arg(Language::cardName(FrmCards::imgCard(n - 1).Tag))
+                .arg(card.Points);
+    }
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
 bool TableView::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QWidget::event(event);
     auto* help = static_cast<QHelpEvent*>(event);
     const auto all = items();
     const Item* item = itemAt(help->pos(), all);
     QString tip;
-    if (item && item->target == Target::Deck) tip = QString::fromStdString(game_.dealer.deckToolTip());
-    else if (item && item->kind == Kind::Image) {
-        const std::string_view text = static_cast<const Image*>(item->control)->ToolTipText;
-        tip = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-    }
+    if (item && item->target == Target::Deck) tip = Language::core(game_.dealer.deckToolTip());
+    else if (item && item->kind == Kind::Image) tip = spokenToolTip(static_cast<const Image*>(item->control)->ToolTipText);
     if (tip.isEmpty())
         QToolTip::hideText();
     else

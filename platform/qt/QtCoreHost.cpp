@@ -84,6 +84,10 @@ void QtCoreHost::post(std::function<void()> call) {
 
 std::string QtCoreHost::timeText() { return QTime::currentTime().toString(QStringLiteral("HH:mm:ss")).toStdString(); }
 
+std::string QtCoreHost::translate(const char* context, const char* text) {
+    return QCoreApplication::translate(context, text).toStdString();
+}
+
 std::string QtCoreHost::dateText() { return QDate::currentDate().toString(QStringLiteral("MM/dd/yyyy")).toStdString(); }
 
 std::filesystem::path QtCoreHost::programFolder() { return folders().files; }

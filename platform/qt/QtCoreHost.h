@@ -42,6 +42,7 @@ public:
     void playSound(const std::string&) override {}  // no windows, no sound
     std::string timeText() override;
     std::string dateText() override;
+    std::string translate(const char* context, const char* text) override;
     std::filesystem::path programFolder() override;
     std::filesystem::path helpFolder() override;
     std::string filesMoved() override { return folders().moved; }

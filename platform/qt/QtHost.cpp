@@ -13,6 +13,7 @@
 #include <QTimer>
 #include <algorithm>
 
+#include "platform/qt/Language.h"
 #include "platform/FatalError.h"
 #include "platform/Form.h"
 #include "platform/Timer.h"
@@ -121,8 +122,8 @@ MsgResult QtHost::msgBox(const MsgBox& box) {
     if (onModelChanged) onModelChanged();
     GameBox dialog(mainWidget_, box.buttons == MsgButtons::YesNo, widestBox(),
                    [this](QSize size) { return overTable(size); });
-    dialog.setWindowTitle(QString::fromStdString(box.title));
-    dialog.setText(QString::fromStdString(box.text));
+    dialog.setWindowTitle(Language::core(box.title));
+    dialog.setText(Language::core(box.text));
     switch (box.icon) {
         case MsgIcon::Critical: dialog.setIcon(QMessageBox::Critical); break;
         case MsgIcon::Question: dialog.setIcon(QMessageBox::Question); break;

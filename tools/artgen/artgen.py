@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Writes every picture of the game as assets/svg/<name>.svg.
+"""Writes every picture of the game as assets/svg/<name>.svg, and those with words in them
+again in Japanese as <name>_ja.svg.
 
 Run from anywhere: python3 tools/artgen/artgen.py [output folder]. The output is
 deterministic, so the SVGs kept in the repository change only when the drawing does."""
@@ -21,11 +22,14 @@ def pictures():
     yield "back", deck.back()
     for name in table.BANNERS:
         yield name, table.banner(name)
+        yield name + "_ja", table.banner(name, "ja")
     yield "background", table.background()
     yield "tableTop", table.table_top()
     yield "scorePanel", table.score_panel()
     yield "turnLocal", table.turn_marker(True)
     yield "turnOpposite", table.turn_marker(False)
+    yield "turnLocal_ja", table.turn_marker(True, "ja")
+    yield "turnOpposite_ja", table.turn_marker(False, "ja")
     yield "wildLocal", table.wild_marker(True)
     yield "wildOpposite", table.wild_marker(False)
     yield "handCursor", table.hand_cursor()

@@ -6,7 +6,7 @@ import math
 
 import deck
 from frame import (EDGE, GOLD, GOLD_DARK, GOLD_LIGHT, INK, LACQUER_DARK, RED, RED_DARK, crest)
-from lettering import fit_cap, lettering
+from lettering import fit_cap, lettering, writing
 from svg import Doc, circle, embed, group, num, path, rect
 
 FELT_DARK, FELT = "#0B2519", "#1A4A33"
@@ -62,7 +62,7 @@ def splash(left):
     return doc.text()
 
 
-def hof_title(text):
+def hof_title(text, japanese=None):
     """400 x 60: the title in gold capitals on a lacquer band, blossom crests at its ends."""
     doc = Doc(400, 60)
     band = doc.linear([(0, "#8E1E20"), (0.5, "#6A1216"), (1, LACQUER_DARK)])
@@ -71,6 +71,9 @@ def hof_title(text):
     for x in (26, 374):
         doc.add(crest(x, 30, 13, GOLD))
     letters = doc.linear([(0, "#FFFFFF"), (0.4, GOLD_LIGHT), (1, GOLD)])
+    if japanese:
+        doc.add(writing(japanese, 200, 30, 24, letters, EDGE, 0.1, shadow="#000000", outline_extra=0.7))
+        return doc.text()
     cap = fit_cap(text, 300, 20)
     doc.add(lettering(text, 200, 30, cap, letters, EDGE, 0.19, shadow="#000000",
                       outline_extra=0.7))
@@ -111,6 +114,8 @@ def pictures():
     yield "splashRight", splash(False)
     yield "hofSingleTitle", hof_title("SINGLE GAME HALL OF FAME")
     yield "hofTournamentTitle", hof_title("TOURNAMENT HALL OF FAME")
+    yield "hofSingleTitle_ja", hof_title("", "一局勝負の殿堂")
+    yield "hofTournamentTitle_ja", hof_title("", "トーナメントの殿堂")
     yield "setupDecoration", setup_decoration()
     yield "hofWinnerDecoration", hof_winner_decoration()
     for i in range(3):

@@ -111,3 +111,25 @@ def lettering(text, cx, cy, cap, fill, outline=None, weight=0.2, shadow=None,
 def fit_cap(text, width, cap_max):
     """The largest cap height, up to cap_max, at which text fits in width."""
     return min(cap_max, width / measure(text) * 14.0)
+
+
+# Japanese is written with the font that the Debian package of the game depends on
+# (fonts-noto-cjk): a stroke alphabet of its thousands of characters is beyond this script.
+JAPANESE_FACE = "Noto Serif CJK JP"
+
+
+def writing(text, cx, cy, size, fill, outline=None, weight=0.2, shadow=None, outline_extra=0.55):
+    """A line of Japanese centred on (cx, cy), its characters size units tall, drawn as the
+    capitals are: an outline stroke, an optional offset shadow, then the fill."""
+    base = (f'x="{num(cx)}" y="{num(cy + size * 0.36)}" font-family="{JAPANESE_FACE}" '
+            f'font-size="{num(size)}" font-weight="bold" text-anchor="middle"')
+    sw = weight * size
+    items = []
+    if shadow:
+        items.append(f'<text {base} fill="{shadow}" stroke="{shadow}" stroke-width="{num(sw * (1 + outline_extra * 2))}" '
+                     f'stroke-linejoin="round" transform="translate({num(size * 0.06)} {num(size * 0.08)})">{text}</text>')
+    if outline:
+        items.append(f'<text {base} fill="{outline}" stroke="{outline}" stroke-width="{num(sw * (1 + outline_extra))}" '
+                     f'stroke-linejoin="round">{text}</text>')
+    items.append(f'<text {base} fill="{fill}">{text}</text>')
+    return group(items)

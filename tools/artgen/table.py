@@ -5,7 +5,7 @@ import math
 
 from frame import (BLUE, BLUE_DARK, BLUE_LIGHT, EDGE, GOLD, GOLD_DARK, GOLD_LIGHT, LACQUER,
                    LACQUER_DARK, RED, RED_DARK, crest)
-from lettering import fit_cap, lettering
+from lettering import fit_cap, lettering, writing
 from svg import Doc, circle, clip_segment, group, num, path, rect
 
 FELT_DARK, FELT, FELT_LIGHT = "#0B2519", "#143B28", "#1F5A3C"
@@ -82,7 +82,7 @@ def score_panel():
     return doc.text()
 
 
-def turn_marker(local):
+def turn_marker(local, lang="en"):
     """120 x 34: a tag in the side's colour, blue for the local player, red opposite."""
     doc = Doc(120, 34)
     main, dark, light = (BLUE, BLUE_DARK, BLUE_LIGHT) if local else (RED, RED_DARK, "#E8584A")
@@ -91,6 +91,9 @@ def turn_marker(local):
     doc.add(path(tag, body, EDGE, 1.6))
     doc.add(path("M13,4.5 H115.5 V29.5 H13 L4.8,17 Z", "none", GOLD_LIGHT, 0.9, op=0.8))
     doc.add(circle(12, 17, 3, EDGE, GOLD_LIGHT, 0.9))
+    if lang == "ja":
+        doc.add(writing("あなたの番" if local else "相手の番", 67, 17, 15, GOLD_LIGHT, EDGE, 0.12, outline_extra=0.8))
+        return doc.text()
     text = "YOUR TURN" if local else "THEIR TURN"
     cap = fit_cap(text, 90, 14)
     doc.add(lettering(text, 67, 17, cap, GOLD_LIGHT, EDGE, 0.2, outline_extra=0.8))
@@ -133,7 +136,11 @@ BANNERS = {
 }
 
 
-def banner(name):
+# The banners' words in Japanese.
+BANNERS_JA = {"bannerWin": "勝ち", "bannerLose": "負け", "bannerTie": "引き分け"}
+
+
+def banner(name, lang="en"):
     """431 x 83: a lacquered scroll with rolled ends and the result in capitals."""
     text, (light, main, dark), ink_light, ink = BANNERS[name]
     doc = Doc(431, 83)
@@ -157,6 +164,10 @@ def banner(name):
     elif name == "bannerLose":
         streaks = " ".join(f"M{x},{20 + (x * 7) % 18} l-3,10" for x in range(80, 360, 23))
         doc.add(path(streaks, "none", "#9AA6C0", 1, op=0.45))
+    if lang == "ja":
+        doc.add(writing(BANNERS_JA[name], 215.5, 42, 40, letters, EDGE, 0.1, shadow="#000000",
+                        outline_extra=0.7))
+        return doc.text()
     cap = fit_cap(text, 250, 34)
     doc.add(lettering(text, 215.5, 42, cap, letters, EDGE, 0.2, shadow="#000000",
                       outline_extra=0.7))

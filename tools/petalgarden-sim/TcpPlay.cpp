@@ -18,6 +18,7 @@
 #include "scoring/FrmScoreCard.h"
 #include "shell/FrmSetup.h"
 #include "shell/Program.h"
+#include "platform/qt/Language.h"
 
 namespace petal::sim {
 
@@ -213,6 +214,8 @@ int tcpPlay(const TcpOptions& options, std::ostream& out, std::ostream& err) {
     char name[] = "petalgarden-sim";
     char* argv[] = {name, nullptr};
     QCoreApplication app(argc, argv);
+    Language language;
+    language.apply(QString::fromStdString(options.language));
     const auto started = std::chrono::steady_clock::now();
     int code = 1;
     std::string summary;

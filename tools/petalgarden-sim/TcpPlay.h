@@ -25,6 +25,8 @@ struct TcpOptions {
     // Host only: the option that opens the port on the home router, on for this run; what the
     // waiting form says of where to join is told on err as it changes.
     bool routerPort = false;
+    // The language of this side's words, which never cross the wire.
+    std::string language = "en";
 };
 
 // Exit 0 after N deals and the designed end of the session; otherwise 1, the reason on err.

@@ -36,8 +36,9 @@ int usage() {
                  "                           [--policy first|random:K] [--faults K] [--trace]\n"
                  "       petalgarden-sim host [--port P] [--deals N] [--tournament R] [--yaku on|off]\n"
                  "                            [--policy first|random:K] [--speed X] [--stay] [--router-port] [--trace]\n"
+                 "                            [--language CODE]\n"
                  "       petalgarden-sim join ADDRESS [--port P] [--deals N] [--policy first|random:K]\n"
-                 "                            [--speed X] [--trace]\n"
+                 "                            [--speed X] [--trace] [--language CODE]\n"
                  "       petalgarden-sim keep --folder DIR [--tournament R] [--yaku on|off] [--policy random:K]\n"
                  "                            [--start HH:MM:SS] [--dwell MS]\n";
     return 2;
@@ -195,6 +196,8 @@ int tcp(bool host, const std::vector<std::string>& args) {
         if (args[i] == "--port" && hasValue) {
             o.port = static_cast<int>(petal::Val(args[++i]));
             if (o.port < 1 || o.port > 65535) return usage();
+        } else if (args[i] == "--language" && hasValue) {
+            o.language = args[++i];
         } else if (host && args[i] == "--stay") {
             o.stay = true;
         } else if (host && args[i] == "--router-port") {
