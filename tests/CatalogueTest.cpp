@@ -4,7 +4,6 @@
 #include <map>
 
 #include "cards/FrmCards.h"
-#include "cards/Val.h"
 
 namespace petal {
 namespace {
@@ -27,14 +26,6 @@ TEST(Catalogue, ValuesAddUpTo240InFourKinds) {
 TEST(Catalogue, ToolTipsNameTheCardAndItsValue) {
     EXPECT_EQ(cardToolTip(FrmCards::card(1)), "Matsu Ni Tsuru (20 pts.)");
     EXPECT_EQ(cardToolTip(FrmCards::card(44)), "Yanagi No Kasu (0 pts.)");
-}
-
-TEST(Catalogue, ValReadsTheNumberAtTheHeadOfAText) {
-    EXPECT_EQ(Val(""), 0);
-    EXPECT_EQ(Val("abc"), 0);
-    EXPECT_EQ(Val("12abc"), 12);
-    EXPECT_EQ(Val(" -35"), -35);
-    EXPECT_EQ(Val("-1"), -1);
 }
 
 }  // namespace

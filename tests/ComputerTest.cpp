@@ -60,14 +60,14 @@ TEST_F(Computer, TheWildCardIsWorthTheBestCardOnTheTable) {
     dealWith({}, {43, 14, 18, 22, 26, 30, 34, 38}, {2, 44, 10, 45, 46, 47, 40, 41});
     f->computer.CompSelectCard();
     EXPECT_EQ(f->m.mCompCard, 0);
-    EXPECT_EQ(visibleTableFrames(), 8);
+    EXPECT_EQ(framedSlots().size(), 8u);
     f->m.mTurn = 1;
     f->m.mCompPhase = 1;
     f->computer.CompDropCard();
     EXPECT_EQ(pileIndices(1, 0), std::vector<int>{44});
     EXPECT_TRUE(f->ctl.panel[1].imgGagi.Visible);
     EXPECT_EQ(tagOf(f->ctl.panel[1].imgGagi), 17);
-    EXPECT_EQ(visibleTableFrames(), 0);
+    EXPECT_TRUE(framedSlots().empty());
 }
 
 TEST_F(Computer, TheDropTakesTheMostValuableMatchOrOfEqualsTheLowerSlot) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,6 +17,7 @@
 #include "ViewStart.h"
 #include "assets/PictureStore.h"
 #include "records/FrmHOFWinner.h"
+#include "records/MarginChart.h"
 #include "shell/FormDialogs.h"
 #include "platform/qt/QtHost.h"
 
@@ -79,36 +81,6 @@ TEST_F(DialogView, TheNameFormStoresTheTypedNameInTheHallOfFame) {
     EXPECT_EQ(program.hof.GetHallOfFame(0).substr(0, 7 + flowers.size()), "Sakura" + flowers + ",");
 }
 
-// The window used to widen as long names filled its rows, and the widest numbers showed clipped.
-TEST_F(DialogView, TheHallOfFameKeepsOneWidthAsItsRowsFillAndTheWidestValuesFit) {
-    const QString longest(20, QLatin1Char('W'));
-    auto shownWidth = [&](const QString& picture, QStringList* clipped) {
-        int width = 0;
-        whenShown(picture, [&](QWidget* dialog) {
-            width = dialog->width();
-            for (const char* page : {"Next", "Previous"}) {
-                for (auto* label : dialog->findChildren<QLabel*>())
-                    if (!label->text().isEmpty() && label->sizeHint().width() > label->width())
-                        *clipped << label->text();
-                button(dialog, page)->click();
-            }
-            button(dialog, "Close")->click();
-        });
-        host.dispatch([this] { program.frmMain.mnuVHallofFame_Click(); });
-        return width;
-    };
-    program.g.gGameType = 1;
-    QStringList clipped;
-    const int empty = shownWidth("hall-of-fame-empty.png", &clipped);
-    for (int i = 0; i < 10; ++i) {
-        program.hof.AddHallOfFameEntry(longest.toStdString(), -32768 + i, -32768, 0, 0);
-        program.hof.AddHallOfFameEntry(longest.toStdString(), -32768 + i, -32768, -32768, -32768);
-    }
-    const int full = shownWidth("hall-of-fame-full.png", &clipped);
-    EXPECT_EQ(full, empty);
-    EXPECT_TRUE(clipped.empty()) << clipped.join(QStringLiteral(" | ")).toStdString();
-}
-
 TEST_F(DialogView, SetupFiltersTheRoundsAndStoresTheChoice) {
     whenShown("setup.png", [&](QWidget* dialog) {
         auto radios = dialog->findChildren<QRadioButton*>();
@@ -156,6 +128,32 @@ TEST_F(DialogView, AChatLineOpensTheFormWhichForwardsEnterAndEscape) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "not inside the receiving handler";
     host.waitUntil([&] { return closed && !QApplication::activeModalWidget(); });
     EXPECT_EQ(program.frmMain.chat.form(), nullptr);
+}
+
+// The record chosen in the statistics' list is the one shown, with its chart.
+TEST_F(DialogView, TheStatisticsShowTheChosenRecordWithItsChart) {
+    for (int i = 0; i < 12; ++i)
+        program.frmMain.stats.record({"s" + std::to_string(i), "11/22/2026", 0, "standard", 1, 100 + i * 7 % 40, 110});
+    program.frmMain.stats.record({"t", "11/22/2026", 1, "standard", 5, 420, 300});
+    QStringList shown;
+    whenShown("statistics.png", [&](QWidget* dialog) {
+        const auto played = [dialog] {
+            for (QLabel* label : dialog->findChildren<QLabel*>())
+                if (label->text() == "Games played") return label->parentWidget()->findChildren<QLabel*>()[1]->text();
+            return QString();
+        };
+        auto* record = dialog->findChild<QComboBox*>();
+        ASSERT_NE(dialog->findChild<MarginChart*>(), nullptr);
+        shown << record->currentText() << played();
+        record->setCurrentIndex(0);
+        emit record->activated(0);
+        shown << record->currentText() << played();
+        button(dialog, "Close")->click();
+    });
+    host.dispatch([&] { program.frmMain.mnuStatistics_Click(); });
+    EXPECT_EQ(shown, QStringList({"Tournaments against the Standard computer", "1",
+                                  "Single games against the Standard computer", "12"}));
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 }  // namespace

@@ -76,11 +76,6 @@ bool GameFixture::runOpponent(std::int64_t limitMs) {
 
 int GameFixture::tagOf(const Image& image) const { return static_cast<int>(image.Tag.value()); }
 
-int GameFixture::visibleTableFrames() const {
-    return static_cast<int>(std::count_if(f->ctl.shpTHilite.begin(), f->ctl.shpTHilite.end(),
-                                          [](const Shape& s) { return s.Visible; }));
-}
-
 std::vector<int> GameFixture::framedSlots() const {
     std::vector<int> slots;
     for (std::size_t i = 0; i < f->ctl.shpTHilite.size(); ++i)

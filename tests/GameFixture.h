@@ -57,7 +57,6 @@ protected:
     bool runOpponent(std::int64_t limitMs = 60'000);
 
     int tagOf(const Image& image) const;
-    int visibleTableFrames() const;
     std::vector<int> framedSlots() const;
     // Catalogue indices of the cards in one pile row of a side.
     std::vector<int> pileIndices(int side, int row) const;

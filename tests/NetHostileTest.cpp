@@ -170,8 +170,6 @@ INSTANTIATE_TEST_SUITE_P(
     Unfit, HostileMessage,
     ::testing::Values(
         Unfit{"NoMessage", [](Hostile&) { return std::string("HELLO"); }},
-        Unfit{"TextForANumber", [](Hostile&) { return std::string("CARD,x,1"); }},
-        Unfit{"AFieldMissing", [](Hostile&) { return std::string("CARD,1"); }},
         Unfit{"AHandSlotOutOfRange", [](Hostile&) { return std::string("CARD,9,-1"); }},
         Unfit{"ATableSlotOutOfRange", [](Hostile&) { return std::string("CARD,0,99"); }},
         Unfit{"ANumberBeyondSixteenBits", [](Hostile&) { return std::string("CARD,40000,1"); }},

@@ -67,14 +67,6 @@ TEST_F(Folders, FilesBesideAnUnwritableProgramAreCopiedAndTheMoveToldOnce) {
     EXPECT_EQ(chooseProgramFolders(program, env(false, (dir.path() / "data").string())).moved, "");
 }
 
-TEST_F(Folders, WithoutAnAbsoluteXdgDataHomeTheDataFolderIsUnderHome) {
-    const fs::path program = dir.path() / "opt";
-    for (const std::string xdg : {"", "relative/data"}) {
-        const ProgramFolders folders = chooseProgramFolders(program, env(false, xdg));
-        EXPECT_EQ(folders.files, dir.path() / "home" / ".local" / "share" / "petalgarden") << "XDG_DATA_HOME=" << xdg;
-    }
-}
-
 TEST_F(Folders, AnInstalledCopyReadsItsHelpFromShareAndKeepsItsFilesWithTheUser) {
     const fs::path prefix = dir.path() / "usr";
     fs::create_directories(prefix / "bin");

@@ -1,6 +1,5 @@
 // The table scaled to 1x, 1.5x and 2x its designed size, offscreen: clicks and tool tips at the
-// scaled places reach the controls there, keys reach the same handlers, and each picture is
-// rendered once for the device pixels it fills, then copied pixel for pixel.
+// scaled places reach the controls there, and keys reach the same handlers.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -46,13 +45,6 @@ protected:
             for (const Image& card : row)
                 if (card.Picture == face) return true;
         return false;
-    }
-    // The view painted into an image of this pixel ratio, as a screen of that ratio shows it.
-    QImage paintAt(qreal dpr) {
-        QImage image((QSizeF(view->size()) * dpr).toSize(), QImage::Format_ARGB32_Premultiplied);
-        image.setDevicePixelRatio(dpr);
-        view->render(&image);
-        return image;
     }
 
     TableView* view = window.table();
@@ -111,29 +103,6 @@ TEST_P(ScaledTable, KeysGoThroughTheViewToTheSameHandlers) {
     QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
     QApplication::sendEvent(view, &escape);
     EXPECT_FALSE(escape.isAccepted()) << "Escape with the yaku panel closed is not the table's";
-}
-
-TEST_P(ScaledTable, PicturesAreRenderedOnceForTheDevicePixelsTheyFill) {
-    click(game().ctl.imgDeck);
-    view->repaint();
-    QTRY_VERIFY(!view->animating());  // the deal's cards have landed
-    const Image& card = game().ctl.imgPCard[3];
-    for (const qreal dpr : {view->devicePixelRatioF(), 1.5, 2.0}) {
-        const QImage painted = paintAt(dpr);
-        const QPixmap kept = pictures.latest(card.Picture);
-        const QRectF area = TableScale(view->size(), TableScale::designSize(), dpr).map(TableScale::designRect(card, {}));
-        ASSERT_EQ(kept.size(), (area.size() * dpr).toSize()) << "at " << dpr << ": rendered for the device, not scaled up";
-        EXPECT_EQ(kept.devicePixelRatio(), dpr);
-        // The card on the table is the rendering, copied pixel for pixel (its rounded corners
-        // left out, where the table shows through).
-        const QRect pixels((area.topLeft() * dpr).toPoint(), kept.size());
-        const QRect inner = QRect(QPoint(0, 0), kept.size()).adjusted(8, 8, -8, -8);
-        EXPECT_EQ(painted.copy(pixels).copy(inner), kept.toImage().convertToFormat(painted.format()).copy(inner)) << "at " << dpr;
-
-        const int renders = pictures.renderCount();
-        paintAt(dpr);
-        EXPECT_EQ(pictures.renderCount(), renders) << "a second paint at the same size renders nothing";
-    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, ScaledTable, ::testing::Values(1.0, 1.5, 2.0),

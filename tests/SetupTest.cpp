@@ -93,13 +93,6 @@ TEST_F(Setup, RoundsAreCheckedOnlyForATournament) {
     EXPECT_FALSE(f->menu.mnuVScore.Enabled);
 }
 
-TEST_F(Setup, OnlyDigitsAndBackspaceAreTyped) {
-    EXPECT_EQ(FrmSetup::txtRounds_KeyPress('7'), '7');
-    EXPECT_EQ(FrmSetup::txtRounds_KeyPress(8), 8);
-    EXPECT_EQ(FrmSetup::txtRounds_KeyPress('a'), 0);
-    EXPECT_EQ(FrmSetup::txtRounds_KeyPress('-'), 0);
-}
-
 TEST_F(Setup, LeavingJoinEmptiesTheAddressAtOnceEvenOnCancel) {
     openSetup([](FrmSetup& d) {
         d.selectGame(2);

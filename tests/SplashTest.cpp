@@ -1,33 +1,11 @@
-// The splash's two lives on virtual time: the greeting that leaves early at a key, and the
-// About box that stays while the game's timers go on.
+// The About box on virtual time: it stays while the game's timers go on.
 #include "GameFixture.h"
 #include "shell/FrmSplash.h"
 
 namespace petal::test {
 namespace {
 
-class Splash : public GameFixture {
-protected:
-    // Starts the program with `script` acting on the greeting while it stands.
-    void startWith(const std::function<void(FrmSplash&)>& script) {
-        program = std::make_unique<Program>(*host);
-        f = &program->frmMain;
-        host->onForm = [&](Form& form) { script(dynamic_cast<FrmSplash&>(form)); };
-        program->Main();
-    }
-};
-
-TEST_F(Splash, AKeyEndsTheGreetingEarlyAndNoTickComesAfterIt) {
-    startWith([&](FrmSplash& splash) {
-        host->advance(1500);
-        splash.Form_KeyPress(' ');
-        EXPECT_FALSE(splash.loaded());
-        EXPECT_FALSE(splash.Timer1.Enabled());
-        host->advance(5000);
-        EXPECT_EQ(splash.mTickCount, 1);
-    });
-    EXPECT_EQ(host->now(), 6500);
-}
+class Splash : public GameFixture {};
 
 TEST_F(Splash, AboutStaysWhileTheComputerPlaysAndLeavesTheGameAsItWas) {
     start();

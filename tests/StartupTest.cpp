@@ -16,37 +16,31 @@ TEST_F(Startup, ClosingWithoutAGameEndsAtOnceWithoutAQuestion) {
     EXPECT_TRUE(host->shownBoxes().empty());
 }
 
-TEST_F(Startup, NoToTheQuestionLeavesTheGameAndItsTimersAsTheyWere) {
-    dealWith({}, {}, {});
-    f->m.mTurn = 1;
-    f->tmrComputer.setEnabled(true);
-    host->expectMsgBox("Are you sure?", "Quit Petalgardn", MsgResult::No);
-    f->mnuExit_Click();
-    EXPECT_FALSE(host->ending());
-    EXPECT_EQ(program->g.gGameInProgress, 1);
-    EXPECT_TRUE(f->tmrComputer.Enabled());
-    EXPECT_TRUE(f->ctl.imgPCard[0].hasPicture());
-}
-
-TEST_F(Startup, NoAfterTheGameEndedMeanwhileClearsTheTable) {
-    dealWith({}, {}, {});
-    // The game ends while the question stands (a timer ran inside the box).
-    host->onMsgBox = [this](const MsgBox& box) {
-        EXPECT_EQ(box.title, "Quit Petalgardn");
-        program->g.gGameInProgress = 0;
-        return MsgResult::No;
+// During a game the question comes first: No leaves the game and its timers as they were, or
+// clears the table if the game ended while the question stood; Yes closes the Hall of Fame.
+TEST_F(Startup, DuringAGameTheAnswerDecides) {
+    struct Case {
+        MsgResult answer;
+        bool endsMeanwhile;
     };
-    f->mnuExit_Click();
-    EXPECT_FALSE(host->ending());
-    EXPECT_FALSE(f->ctl.imgPCard[0].hasPicture());
-}
-
-TEST_F(Startup, YesClosesTheHallOfFameAndEndsTheProgram) {
-    dealWith({}, {}, {});
-    host->expectMsgBox("Are you sure?", "Quit Petalgardn", MsgResult::Yes);
-    f->mnuExit_Click();
-    EXPECT_TRUE(host->ending());
-    EXPECT_FALSE(program->hof.isOpen());
+    for (const Case& c : {Case{MsgResult::No, false}, Case{MsgResult::No, true}, Case{MsgResult::Yes, false}}) {
+        restart();
+        dealWith({}, {}, {});
+        f->m.mTurn = 1;
+        f->tmrComputer.setEnabled(true);
+        host->onMsgBox = [&](const MsgBox& box) {
+            EXPECT_EQ(box.title + ": " + box.text, "Quit Petalgardn: Are you sure?");
+            if (c.endsMeanwhile) program->g.gGameInProgress = 0;  // a timer ran inside the box
+            return c.answer;
+        };
+        f->mnuExit_Click();
+        const bool yes = c.answer == MsgResult::Yes, kept = !yes && !c.endsMeanwhile;
+        EXPECT_EQ(host->ending(), yes);
+        EXPECT_EQ(program->hof.isOpen(), !yes);
+        if (!yes) {
+            EXPECT_EQ(f->ctl.imgPCard[0].hasPicture() && f->tmrComputer.Enabled(), kept);
+        }
+    }
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ pid_t startProgram(const std::string& program, const std::vector<std::string>& a
     return pid;
 }
 
-int finishTool(pid_t pid, std::chrono::milliseconds limit) {
+int finishProgram(pid_t pid, std::chrono::milliseconds limit) {
     const auto until = std::chrono::steady_clock::now() + limit;
     int status = 0;
     while (::waitpid(pid, &status, WNOHANG) == 0) {

@@ -1,5 +1,5 @@
 #pragma once
-// The headless tool as a process of its own, for tests over real TCP on this machine.
+// Programs as processes of their own, for tests over real TCP on this machine.
 #include <sys/types.h>
 
 #include <chrono>
@@ -14,13 +14,8 @@ int freePort();
 // Starts a program with its standard output (and error, if given) in files.
 pid_t startProgram(const std::string& program, const std::vector<std::string>& args,
                    const std::filesystem::path& output, const std::filesystem::path& errors = {});
-// Starts petalgarden-sim so.
-inline pid_t startTool(const std::vector<std::string>& args, const std::filesystem::path& output,
-                       const std::filesystem::path& errors = {}) {
-    return startProgram(PETAL_SIM, args, output, errors);
-}
 // The exit status, or -1 if the process had to be killed after the limit.
-int finishTool(pid_t pid, std::chrono::milliseconds limit);
+int finishProgram(pid_t pid, std::chrono::milliseconds limit);
 // Waits until something listens on the port (read from the kernel's tables, without
 // connecting, since a connection is itself an event for the listener).
 bool listening(int port, std::chrono::milliseconds limit);
