@@ -52,8 +52,8 @@ void Connection::tmrWinsockState_Timer() {
     Globals& g = f_.g;
     // The poll runs no other events of its own: a game that ran inside its tick (an end of deal,
     // a wait for the peer's answer) would keep it from ticking, and a lost peer would never be
-    // seen. What came just before the end of the connection is taken before the end is told.
-    // A refusal that came just before the end is told first, and the end after it.
+    // seen. A refusal that came just before the end is told first, and the end after it; what
+    // came just before the end is taken before the end is told.
     if (f_.net.tellingRefusal()) return;
     const bool ending = s.State() == Socket::sckClosing || s.State() == Socket::sckError;
     if (ending) f_.net.receivePending();
