@@ -102,26 +102,6 @@ TEST_F(NetFault, AResetConnectionIsAnErrorOnOneSideAndALossOnTheOther) {
     EXPECT_TRUE(client.shown("Your host has just terminated the network connection."));
 }
 
-TEST_F(NetFault, AClientsErrorAsksToReconnectAndAHostThatSaysYesListensAgain) {
-    client.answers["Winsock Error 10054"] = MsgResult::OK;
-    client.answers["Reconnect"] = MsgResult::No;
-    host.answers["Remote Connection Closed"] = MsgResult::OK;
-    host.answers["Reconnect"] = MsgResult::Yes;
-    ASSERT_TRUE(connect());
-    ASSERT_TRUE(deal());
-    world.network().drop(false);
-    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0 && host.f().socketState() == 2; }));
-    EXPECT_TRUE(client.shown("Do you want to try and reconnect?"));
-    EXPECT_TRUE(host.shown("Your opponent has just terminated the network connection."));
-    EXPECT_EQ(host.f().g.gGameInProgress, 0);
-    // A new client gets the options afresh; its table, left as it was, is reset first.
-    client.answers.erase("Reconnect");
-    client.answers["Reset Game"] = MsgResult::Yes;
-    act(client, [&] { client.f().mnuSetup_Click(); });
-    ASSERT_TRUE(runUntil([&] { return host.boxes("Connection Successful") == 2; }));
-    ASSERT_TRUE(runUntil([&] { return client.f().g.gRounds == host.f().g.gRounds && client.f().m.mConnected; }));
-}
-
 // A peer that comes and goes between two polls of a host that listens again is still seen.
 TEST_F(NetFault, APeerThatComesAndGoesBetweenTwoPollsIsSeen) {
     host.answers["Remote Connection Closed"] = MsgResult::OK;
@@ -145,21 +125,6 @@ TEST_F(NetFault, APeerThatComesAndGoesBetweenTwoPollsIsSeen) {
     ASSERT_TRUE(runUntil([&] { return host.boxes("Remote Connection Closed") == 1 && host.f().socketState() == Socket::sckListening; }));
     comeAndGo();  // at once, well inside one poll
     EXPECT_TRUE(runUntil([&] { return host.boxes("Remote Connection Closed") == 2; }, 5000));
-}
-
-TEST_F(NetFault, ARefusedConnectionIsTheClientsErrorAndYesTriesAgain) {
-    client.answers["Winsock Error 10061"] = MsgResult::OK;
-    int tries = 0;
-    client.host.onMsgBox = [&, original = client.host.onMsgBox](const MsgBox& box) {
-        if (box.title != "Reconnect") return original(box);
-        return ++tries < 3 ? MsgResult::Yes : MsgResult::No;
-    };
-    client.mode = 2;
-    act(client, [&] { client.f().mnuSetup_Click(); });  // nobody listens
-    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0; }));
-    EXPECT_EQ(tries, 3);
-    EXPECT_TRUE(client.shown("Connection refused"));
-    EXPECT_EQ(client.f().connectionStatus, nullptr);
 }
 
 // Cancel in a wait of the network asks first; No keeps the wait, Yes ends the session.

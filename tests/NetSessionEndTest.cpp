@@ -16,30 +16,36 @@ protected:
     SlowPlayers() {
         for (Side* side : {&host, &client}) {
             side->host.onMsgBox = [this, side, answer = side->host.onMsgBox](const MsgBox& box) {
-                bool read = false;
-                Timer reading(side->host, [&read] { read = true; }, kThinkMs);
-                reading.setEnabled(true);
+                bool read = thinkMs == 0;
+                Timer reading(side->host, [&read] { read = true; }, thinkMs);
+                reading.setEnabled(!read);
                 side->host.waitUntil([&read] { return read; });
                 if (beforeAnswer) beforeAnswer(*side, box);
                 return answer(box);
             };
         }
     }
+    int thinkMs = kThinkMs;
     // What a player waits for before answering a box, once it has read it.
     std::function<void(Side&, const MsgBox&)> beforeAnswer;
 };
+
+// When the refusal comes: while the other side waits for it, before the other side has asked
+// (it still replays the last move), or while the other side's own question stands.
+enum class When { WhileWaiting, BeforeAsking, WhileAsking };
 
 struct Decline {
     const char* name;
     bool hostDeclines;
     int rounds;  // 0: a single game
+    When when;
 };
 
 class DeclinedRematch : public SlowPlayers, public ::testing::WithParamInterface<Decline> {};
 
-// One side waits under "Asking your opponent for another game." when the other says No and
-// leaves: the waiting side is told both, and plays on alone.
-TEST_P(DeclinedRematch, TheWaitingSideIsToldAndPlaysAlone) {
+// One side says No to another game and leaves: the other side is told both and plays on alone,
+// except that a refusal that comes while its own question stands is only the end of the connection.
+TEST_P(DeclinedRematch, TheOtherSideIsToldAndPlaysAlone) {
     const Decline d = GetParam();
     Side& decliner = d.hostDeclines ? host : client;
     Side& waiter = d.hostDeclines ? client : host;
@@ -49,42 +55,37 @@ TEST_P(DeclinedRematch, TheWaitingSideIsToldAndPlaysAlone) {
                       {"Remote Connection Closed", MsgResult::OK}, {"Reconnect", MsgResult::No},
                       {"Connection Successful", MsgResult::OK}};
     ASSERT_TRUE(connect());
+    if (d.when == When::BeforeAsking) {
+        thinkMs = 0;
+        act(host, [&] { host.f().m.mTurn = 1; });  // the client leads: the host moves last
+    }
     ASSERT_TRUE(deal());
-    // The decliner answers once the other side waits for it.
     beforeAnswer = [&](Side& side, const MsgBox& box) {
-        if (&side == &decliner && box.title == "Play Again?")
+        if (box.title != "Play Again?") return;
+        if (&side == &decliner && d.when == When::WhileWaiting) {
             side.host.waitUntil([&] { return waiter.f().connectionStatus != nullptr; });
+            EXPECT_EQ(waiter.f().connectionStatus->Label1, "Asking your opponent for another game.");
+        }
+        if (&side == &waiter && d.when == When::WhileAsking) side.host.waitUntil([&] { return decliner.host.ending(); });
     };
     ASSERT_TRUE(playUntil([&] { return decliner.host.ending(); }));
+    if (d.when == When::BeforeAsking) EXPECT_LT(waiter.ends.count, 1) << "the client was still replaying";
     ASSERT_TRUE(runUntil([&] { return waiter.f().g.gPlayMode == 0 && !waiter.host.waiting(); }));
-    EXPECT_TRUE(waiter.shown("Your opponent declined a rematch."));
+    EXPECT_EQ(waiter.shown("Your opponent declined a rematch."), d.when != When::WhileAsking);
+    if (d.when == When::WhileAsking) EXPECT_TRUE(waiter.shown("Your host has just terminated the network connection."));
     EXPECT_EQ(waiter.f().connectionStatus, nullptr);
     EXPECT_FALSE(waiter.host.ending());
 }
 
-INSTANTIATE_TEST_SUITE_P(EitherSide, DeclinedRematch,
-                         ::testing::Values(Decline{"HostDeclinesASingleGame", true, 0},
-                                           Decline{"ClientDeclinesASingleGame", false, 0},
-                                           Decline{"HostDeclinesATournament", true, 2},
-                                           Decline{"ClientDeclinesATournament", false, 2}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// The host says No while the client still replays the host's last move: the refusal comes
-// before the client has asked, and is told all the same.
-TEST_F(NetFixture, ARefusalThatComesBeforeThisSideAsksIsTold) {
-    host.answers["Play Again?"] = MsgResult::No;
-    client.answers = {{"Play Again?", MsgResult::Yes},
-                      {"Rematch Declined", MsgResult::OK},
-                      {"Remote Connection Closed", MsgResult::OK},
-                      {"Connection Successful", MsgResult::OK}};
-    ASSERT_TRUE(connect());
-    act(host, [&] { host.f().m.mTurn = 1; });  // the client leads: the host moves last
-    ASSERT_TRUE(deal());
-    ASSERT_TRUE(playUntil([&] { return host.host.ending(); }));
-    EXPECT_LT(client.ends.count, 1) << "the client was still replaying";
-    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0 && !client.host.waiting(); }));
-    EXPECT_TRUE(client.shown("Your opponent declined a rematch."));
-}
+INSTANTIATE_TEST_SUITE_P(
+    EitherSide, DeclinedRematch,
+    ::testing::Values(Decline{"HostDeclinesASingleGame", true, 0, When::WhileWaiting},
+                      Decline{"ClientDeclinesASingleGame", false, 0, When::WhileWaiting},
+                      Decline{"HostDeclinesATournament", true, 2, When::WhileWaiting},
+                      Decline{"ClientDeclinesATournament", false, 2, When::WhileWaiting},
+                      Decline{"HostDeclinesBeforeTheClientAsks", true, 0, When::BeforeAsking},
+                      Decline{"HostDeclinesWhileTheClientAsks", true, 0, When::WhileAsking}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 // A refused join tells the reason first, then asks; every try alike.
 TEST_F(SlowPlayers, ARefusedJoinTellsTheReasonThenAsksEachTime) {
@@ -97,6 +98,8 @@ TEST_F(SlowPlayers, ARefusedJoinTellsTheReasonThenAsksEachTime) {
     ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0 && !client.host.waiting(); }));
     EXPECT_EQ(client.titles(),
               (std::vector<std::string>{"Winsock Error 10061", "Reconnect", "Winsock Error 10061", "Reconnect"}));
+    EXPECT_TRUE(client.shown("Connection refused"));
+    EXPECT_EQ(client.f().connectionStatus, nullptr);
 }
 
 // The client vanishes while the host's "Do you want to play again?" stands; the host connects
@@ -134,8 +137,9 @@ struct StaleTable {
 
 class StaleTableOnReconnect : public NetFixture, public ::testing::WithParamInterface<StaleTable> {};
 
-// The client connects again with its last deal still on the table: the table is cleared, and
-// the client takes its host's options and deal as at any start of a session.
+// The client connects again with its last deal still on the table: the host is told of the loss,
+// the table is cleared, and the client takes its host's options and deal as at any start of a
+// session.
 TEST_P(StaleTableOnReconnect, IsClearedAndTheClientTakesTheHostsDeal) {
     host.answers = {{"Connection Successful", MsgResult::OK},
                     {"Remote Connection Closed", MsgResult::OK},
@@ -150,6 +154,8 @@ TEST_P(StaleTableOnReconnect, IsClearedAndTheClientTakesTheHostsDeal) {
     else world.network().drop(false);
     ASSERT_TRUE(runUntil([&] { return host.boxes("Connection Successful") == 2; }));
     world.advance(1000);  // the host's options arrive
+    EXPECT_TRUE(host.shown("Your opponent has just terminated the network connection."));
+    EXPECT_TRUE(client.shown("Do you want to try and reconnect?"));
     EXPECT_EQ(client.f().g.gGameInProgress, 0);
     EXPECT_FALSE(client.f().ctl.imgPCard[0].hasPicture());
     EXPECT_EQ(host.boxes("Out of Step") + client.boxes("Out of Step"), 0);

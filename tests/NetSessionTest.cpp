@@ -60,42 +60,6 @@ TEST_F(NetSession, DealsThatCrossInARematchEndOnTheHostsDeck) {
     EXPECT_EQ(host.f().m.mTurn + client.f().m.mTurn, 1);
 }
 
-TEST_F(NetSession, ARefusalThatComesWhileTheQuestionStandsIsNotShown) {
-    host.answers["Play Again?"] = MsgResult::No;
-    client.answers["Remote Connection Closed"] = MsgResult::OK;
-    ASSERT_TRUE(connect());
-    ASSERT_TRUE(deal());
-    // The client answers only after the host has said No and gone.
-    client.host.onMsgBox = [this, original = client.host.onMsgBox](const MsgBox& box) {
-        if (box.title != "Play Again?") return original(box);
-        client.host.waitUntil([this] { return host.host.ending(); });
-        return MsgResult::Yes;
-    };
-    ASSERT_TRUE(playDeal());
-    ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0; }));
-    EXPECT_FALSE(client.shown("Your opponent declined a rematch."));
-    EXPECT_TRUE(client.shown("Your host has just terminated the network connection."));
-}
-
-TEST_F(NetSession, ARefusalAfterThisSideSaidYesEndsItsWait) {
-    client.answers["Play Again?"] = MsgResult::Yes;
-    client.answers["Rematch Declined"] = MsgResult::OK;
-    client.answers["Remote Connection Closed"] = MsgResult::OK;
-    ASSERT_TRUE(connect());
-    ASSERT_TRUE(deal());
-    // The host answers No only once the client waits for it.
-    host.host.onMsgBox = [this](const MsgBox& box) {
-        if (box.title == "Connection Successful") return MsgResult::OK;
-        EXPECT_EQ(box.title, "Play Again?");
-        host.host.waitUntil([this] { return client.f().connectionStatus != nullptr; });
-        EXPECT_EQ(client.f().connectionStatus->Label1, "Asking your opponent for another game.");
-        return MsgResult::No;
-    };
-    ASSERT_TRUE(playDeal());
-    ASSERT_TRUE(runUntil([&] { return client.shown("Your opponent declined a rematch."); }));
-    EXPECT_EQ(client.f().connectionStatus, nullptr);
-}
-
 TEST_F(NetSession, TheHostsRestartClearsBothTables) {
     host.answers["Game In Progress"] = MsgResult::Yes;
     client.answers["Session Restarted"] = MsgResult::OK;
@@ -113,8 +77,8 @@ TEST_F(NetSession, TheHostsRestartClearsBothTables) {
     ASSERT_TRUE(runUntil([&] { return client.boxes("Session Restarted") == 1; })) << "the client is told why";
 }
 
-// The side that led opens its card at once; the other opens its own once it hears of that; the
-// next round comes when both are closed.
+// The side that led opens its card at once; the other opens its own once it hears of that, and
+// closing it first is told what the next round waits for; the next round comes when both are closed.
 class ScoreCardMeeting : public NetFixture, public ::testing::WithParamInterface<bool> {};
 
 TEST_P(ScoreCardMeeting, TheCardsMeetAndTheNextRoundWaitsForBoth) {
@@ -126,10 +90,12 @@ TEST_P(ScoreCardMeeting, TheCardsMeetAndTheNextRoundWaitsForBoth) {
     Side& leader = hostLeads ? host : client;
     Side& other = hostLeads ? client : host;
     std::vector<std::string> order;
+    std::map<Side*, std::vector<std::string>> waits;
     const int dealt = host.ends.deals;
     // The leader keeps its card open for three seconds.
     leader.onForm = [&, others = leader.onForm](Form& form) {
-        if (!dynamic_cast<FrmScoreCard*>(&form)) return others(form);  // the wait for the other card
+        if (auto* status = dynamic_cast<FrmConnectionStatus*>(&form)) waits[&leader].push_back(status->Label1);
+        if (!dynamic_cast<FrmScoreCard*>(&form)) return others(form);
         auto& card = dynamic_cast<FrmScoreCard&>(form);
         order.push_back("leader opens");
         const std::int64_t until = world.now() + 3000;
@@ -139,14 +105,18 @@ TEST_P(ScoreCardMeeting, TheCardsMeetAndTheNextRoundWaitsForBoth) {
         card.cmdOK_Click();
     };
     other.onForm = [&, others = other.onForm](Form& form) {
+        if (auto* status = dynamic_cast<FrmConnectionStatus*>(&form)) waits[&other].push_back(status->Label1);
         if (!dynamic_cast<FrmScoreCard*>(&form)) return others(form);
         order.push_back("other opens");
         dynamic_cast<FrmScoreCard&>(form).cmdOK_Click();
     };
     ASSERT_TRUE(playDeal());
     ASSERT_TRUE(runUntil([&] { return host.ends.deals != dealt; }));
-    ASSERT_TRUE(runUntil([&] { return client.f().m.mDealSeed == host.f().m.mDealSeed; }));
+    ASSERT_TRUE(runUntil([&] { return client.f().m.mDealSeed == host.f().m.mDealSeed && !client.f().connectionStatus; }));
     EXPECT_EQ(order, (std::vector<std::string>{"leader opens", "other opens", "leader closes"}));
+    EXPECT_EQ(waits[&other], std::vector<std::string>{hostLeads ? "Waiting for your host to start the next round."
+                                                                 : "Waiting for your opponent to close the score card."});
+    EXPECT_TRUE(waits[&leader].empty());
     EXPECT_EQ(host.f().g.gRoundScores[0][1], client.f().g.gRoundScores[1][1]);
     EXPECT_EQ(host.f().m.mRoundNo, 1);
 }
