@@ -80,44 +80,73 @@ std::string changed(const std::string& bytes, const std::function<void(SavedGame
     return game.text();
 }
 
-TEST_F(KeptGame, ASaveThatCannotBeResumedIsToldSetAsideAndPlayGoesOn) {
-    const std::filesystem::path first = dir.path() / "first";
-    std::filesystem::create_directory(first);
-    start(first);
+// A save that cannot be resumed, and records made by this build changed as a crash, another
+// program or a newer build would: each is told, set aside, and new files keep the next game.
+TEST_F(KeptGame, AFileThatCannotBeUsedIsToldSetAsideAndPlayGoesOn) {
+    const std::filesystem::path model = dir.path() / "model";
+    std::filesystem::create_directory(model);
+    start(dir.path());
     play(3);
-    const std::string saved = fileText(first / SavedGame::kFileName);
+    const std::string saved = fileText(dir.path() / SavedGame::kFileName);
     ASSERT_NE(saved.find("\nP "), std::string::npos);
+    {
+        SimHost modelHost(model);
+        Statistics stats(modelHost);
+        for (int i = 0; i < 300; ++i) stats.record({"game " + std::to_string(i), "11/22/2026", 0, "standard", 1, i, 50});
+    }
+    const std::string records = fileText(model / Statistics::kFileName);
+    const auto withSql = [&model](const char* sql) {
+        std::filesystem::copy_file(model / Statistics::kFileName, model / "changed.db",
+                                   std::filesystem::copy_options::overwrite_existing);
+        sqlite3* db = nullptr;
+        sqlite3_open((model / "changed.db").c_str(), &db);
+        sqlite3_exec(db, sql, nullptr, nullptr, nullptr);
+        sqlite3_close(db);
+        return fileText(model / "changed.db");
+    };
+    const std::string game = SavedGame::kFileName, stats = Statistics::kFileName;
     struct Case {
         const char* name;
-        std::function<std::string(const std::string&)> bytes;
+        std::string file, bytes;
         const char* reason;
     };
     const Case cases[] = {
-        {"damaged", [](std::string s) { return s.replace(s.size() / 2, 1, "#"); }, "it is damaged (its check does not match)"},
-        {"cut short", [](const std::string& s) { return s.substr(0, s.size() / 2); }, "it is cut short"},
-        {"foreign", [](const std::string&) { return std::string("0\r\n10\r\n-1\r\n0\r\n"); }, "it is not a saved game of Petalgarden"},
-        {"newer", [](std::string s) { return s.replace(s.find("version 1"), 9, "version 2"); }, "it was saved by a newer version of Petalgarden"},
-        {"played otherwise", [](const std::string& s) { return changed(s, [](SavedGame& g) { g.entries[2].check ^= 1; }); },
-         "this version of Petalgarden plays its move 3 otherwise"},
-        {"another computer", [](const std::string& s) { return changed(s, [](SavedGame& g) { g.options.computer = "expert"; }); },
-         "it is a game against a computer (\"expert\") that this version does not have"},
+        {"damaged", game, std::string(saved).replace(saved.size() / 2, 1, "#"),
+         "cannot be resumed: it is damaged (its check does not match)"},
+        {"cut short", game, saved.substr(0, saved.size() / 2), "cannot be resumed: it is cut short"},
+        {"foreign", game, "0\r\n10\r\n-1\r\n0\r\n", "cannot be resumed: it is not a saved game of Petalgarden"},
+        {"newer", game, std::string(saved).replace(saved.find("version 1"), 9, "version 2"),
+         "cannot be resumed: it was saved by a newer version of Petalgarden"},
+        {"played otherwise", game, changed(saved, [](SavedGame& g) { g.entries[2].check ^= 1; }),
+         "cannot be resumed: this version of Petalgarden plays its move 3 otherwise"},
+        {"another computer", game, changed(saved, [](SavedGame& g) { g.options.computer = "expert"; }),
+         "cannot be resumed: it is a game against a computer (\"expert\") that this version does not have"},
+        {"no database", stats, std::string(4096, 'x'), "cannot be used: it is damaged, or no database"},
+        {"records cut short", stats, records.substr(0, records.size() / 2), "cannot be used: it is damaged"},
+        {"foreign records", stats, withSql("PRAGMA application_id=0; PRAGMA user_version=0"),
+         "cannot be used: it is not a statistics file of Petalgarden"},
+        {"newer records", stats, withSql("PRAGMA user_version=2"),
+         "cannot be used: it was written by a newer version of Petalgarden"},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         const std::filesystem::path folder = dir.path() / c.name;
         std::filesystem::create_directory(folder);
-        const std::string bytes = c.bytes(saved);
-        write(folder / SavedGame::kFileName, bytes);
+        write(folder / c.file, c.bytes);
         start(folder);
         ASSERT_FALSE(told.empty());
         EXPECT_EQ(told.back().icon, MsgIcon::Exclamation);
-        EXPECT_THAT(told.back().text, HasSubstr((folder / SavedGame::kFileName).string() + "\" cannot be resumed: " + c.reason));
-        EXPECT_EQ(fileText(folder / (std::string(SavedGame::kFileName) + ".bad")), bytes);
+        EXPECT_THAT(told.back().text, HasSubstr((folder / c.file).string() + "\" " + c.reason));
+        EXPECT_EQ(fileText(folder / (c.file + ".bad")), c.bytes);
         EXPECT_FALSE(std::filesystem::exists(folder / SavedGame::kFileName));
         EXPECT_TRUE(tableEmpty());
         play(1);
-        EXPECT_EQ(f->g.gGameInProgress, 1);
         EXPECT_TRUE(std::filesystem::exists(folder / SavedGame::kFileName)) << "the new game is saved";
+        play(100);
+        ASSERT_EQ(ended.size(), 1u);
+        EXPECT_EQ(f->stats.games().size(), 1u);
+        ended.clear();
+        gamesLeft = 1;
     }
 }
 
@@ -145,53 +174,6 @@ TEST_F(KeptGame, AGameAgainstTheStrongComputerResumes) {
     play(100);
     ASSERT_EQ(ended.size(), 1u);
     EXPECT_EQ(f->stats.games().back().opponent, "strong");
-}
-
-// Records made by this build, changed as a crash, another program or a newer build would.
-TEST_F(KeptGame, AStatisticsFileThatCannotBeUsedIsToldSetAsideAndANewOneKeepsTheNextGame) {
-    const std::filesystem::path model = dir.path() / "model";
-    std::filesystem::create_directory(model);
-    {
-        SimHost modelHost(model);
-        Statistics stats(modelHost);
-        for (int i = 0; i < 300; ++i) stats.record({"game " + std::to_string(i), "11/22/2026", 0, "standard", 1, i, 50});
-    }
-    const std::string records = fileText(model / Statistics::kFileName);
-    const auto withSql = [&model](const char* sql) {
-        std::filesystem::copy_file(model / Statistics::kFileName, model / "changed.db",
-                                   std::filesystem::copy_options::overwrite_existing);
-        sqlite3* db = nullptr;
-        sqlite3_open((model / "changed.db").c_str(), &db);
-        sqlite3_exec(db, sql, nullptr, nullptr, nullptr);
-        sqlite3_close(db);
-        return fileText(model / "changed.db");
-    };
-    struct Case {
-        const char* name;
-        std::string bytes;
-        const char* reason;
-    };
-    const Case cases[] = {
-        {"no database", std::string(4096, 'x'), "it is damaged, or no database"},
-        {"cut short", records.substr(0, records.size() / 2), "it is damaged"},
-        {"foreign", withSql("PRAGMA application_id=0; PRAGMA user_version=0"), "it is not a statistics file of Petalgarden"},
-        {"newer", withSql("PRAGMA user_version=2"), "it was written by a newer version of Petalgarden"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.name);
-        const std::filesystem::path folder = dir.path() / c.name;
-        std::filesystem::create_directory(folder);
-        write(folder / Statistics::kFileName, c.bytes);
-        start(folder);
-        ASSERT_EQ(told.size(), 1u);
-        EXPECT_THAT(told[0].text, HasSubstr((folder / Statistics::kFileName).string() + "\" cannot be used: " + c.reason));
-        EXPECT_EQ(fileText(folder / (std::string(Statistics::kFileName) + ".bad")), c.bytes);
-        play(100);
-        ASSERT_EQ(ended.size(), 1u);
-        EXPECT_EQ(f->stats.games().size(), 1u);
-        ended.clear();
-        gamesLeft = 1;
-    }
 }
 
 }  // namespace
