@@ -12,17 +12,6 @@
 namespace petal::test {
 namespace {
 
-std::array<int, 48> cardsOf(const std::string& list) {
-    std::array<int, 48> cards{};
-    std::stringstream in(list.substr(1, list.size() - 2));
-    std::string item;
-    for (int& card : cards) {
-        std::getline(in, item, ',');
-        card = std::stoi(item);
-    }
-    return cards;
-}
-
 // Replays a trace in the model; returns the number of deals that agreed to the end.
 int replay(const std::string& trace, bool standardComputer) {
     std::istringstream lines(trace);
@@ -31,38 +20,33 @@ int replay(const std::string& trace, bool standardComputer) {
     int claims = 0, agreed = 0;
     for (std::string line; std::getline(lines, line);) {
         auto f = traceFields(line);
+        const auto number = [&f](const char* key) { return std::stoi(f[key]); };
         if (f["ev"] == "\"deal\"") {
-            cards = cardsOf(f["cards"]);
-            s = DealState::dealt(cards, std::stoi(f["lead"]), f["yaku"] == "1");
+            std::istringstream list(f["cards"].substr(1));
+            for (int& card : cards) (list >> card).ignore();
+            s = DealState::dealt(cards, number("lead"), f["yaku"] == "1");
             claims = 0;
         } else if (f["ev"] == "\"move\"") {
-            const int side = std::stoi(f["side"]), pos = std::stoi(f["pos"]), took = std::stoi(f["took"]);
-            const int slot = std::stoi(f["slot"]), target = took >= 0 ? slot : -1;
+            const int side = number("side"), pos = number("pos"), took = number("took"), slot = number("slot");
+            const int target = took >= 0 ? slot : -1;
             const bool hand = f["from"] == "\"hand\"";
             EXPECT_EQ(s.turn, side) << line;
             const int card = hand ? cards.at(pos) : s.turnCard();
             EXPECT_EQ(card, cards.at(pos)) << "the card turned: " << line;
-            if (took >= 0) {
-                EXPECT_TRUE(s.matches(card, slot)) << line;
-                EXPECT_EQ(s.table.at(slot), cards.at(took)) << line;
-            } else {
-                EXPECT_EQ(s.bestMatch(card), -1) << "a card that matches must capture: " << line;
+            if (took >= 0) EXPECT_TRUE(s.matches(card, slot) && s.table.at(slot) == cards.at(took)) << line;
+            else EXPECT_EQ(s.bestMatch(card), -1) << "a card that matches must capture: " << line;
+            if (side == 1 && standardComputer) {
+                const HandMove chosen = hand ? standardHand(s) : HandMove{pos - 8, s.bestMatch(card)};
+                EXPECT_EQ(std::pair(chosen.handSlot, chosen.tableSlot), std::pair(pos - 8, target)) << line;
             }
-            if (side == 1 && standardComputer && hand) {
-                const HandMove chosen = standardHand(s);
-                EXPECT_EQ(chosen.handSlot, pos - 8) << line;
-                EXPECT_EQ(chosen.tableSlot, target) << line;
-            } else if (side == 1 && standardComputer) {
-                EXPECT_EQ(s.bestMatch(card), target) << line;
-            }
-            const int at = hand ? s.playHand(side == 0 ? pos : pos - 8, target) : s.placeTurned(card, target);
-            if (at != slot) ADD_FAILURE() << "laid into slot " << at << ": " << line;
+            const int laid = hand ? s.playHand(side == 0 ? pos : pos - 8, target) : s.placeTurned(card, target);
+            EXPECT_EQ(laid, slot) << line;
         } else if (f["ev"] == "\"claim\"") {
             ++claims;
         } else if (f["ev"] == "\"end\"") {
             EXPECT_TRUE(s.over());
             EXPECT_EQ(s.claim(), claims);
-            const bool same = s.score(0) == std::stoi(f["p"]) && s.score(1) == std::stoi(f["c"]);
+            const bool same = s.score(0) == number("p") && s.score(1) == number("c");
             EXPECT_TRUE(same) << s.score(0) << " to " << s.score(1) << " in the model: " << line;
             agreed += same ? 1 : 0;
         }
