@@ -4,7 +4,6 @@
 
 #include <QApplication>
 #include <QComboBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -65,20 +64,13 @@ TEST_F(DialogView, TheNameFormStoresTheTypedNameInTheHallOfFame) {
         okWhenEmpty = button(dialog, "OK")->isEnabled();
         QTest::keyClicks(name, "Sakura");
         okWithText = button(dialog, "OK")->isEnabled();
-        // Fourteen emoji fill the box to twenty characters; the fifteenth key does nothing.
-        for (int i = 0; i < 15; ++i) {
-            QKeyEvent key(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, QString::fromUtf8("\U0001F338"));
-            QApplication::sendEvent(name, &key);
-        }
         button(dialog, "OK")->click();
     });
     host.dispatch([&] { host.showModal(winner); });
     EXPECT_FALSE(okWhenEmpty) << "clearing the box disables OK";
     EXPECT_TRUE(okWithText);
-    std::string flowers;
-    for (int i = 0; i < 14; ++i) flowers += "\U0001F338";
-    EXPECT_EQ(program.g.gHighScoreName, "Sakura" + flowers);
-    EXPECT_EQ(program.hof.GetHallOfFame(0).substr(0, 7 + flowers.size()), "Sakura" + flowers + ",");
+    EXPECT_EQ(program.g.gHighScoreName, "Sakura");
+    EXPECT_EQ(program.hof.GetHallOfFame(0).substr(0, 7), "Sakura,");
 }
 
 TEST_F(DialogView, SetupFiltersTheRoundsAndStoresTheChoice) {

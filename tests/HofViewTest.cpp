@@ -1,5 +1,5 @@
 // The Hall of Fame form: two pages spread from the store's text, the blank rows, the columns
-// that follow the current game's type, and names that hold the text's separators.
+// that follow the current game's type, and the name box.
 #include "GameFixture.h"
 #include "records/FrmHOF.h"
 #include "records/FrmHOFWinner.h"
@@ -38,31 +38,6 @@ TEST_F(HofView, TheTournamentPageFollowsTheCurrentGameType) {
         EXPECT_EQ(form.cells[0][1], " ") << "back on the single page, which is empty";
         EXPECT_TRUE(form.imgSingCaptionVisible);
     }
-}
-
-// "Smith, John" used to lose its surname and push its date into the name column; a ":" split
-// its row and ended the program when the page was shown.
-TEST_F(HofView, NamesWithCommasAndColonsShowWholeInTheirRowsOnBothPages) {
-    const std::string names[] = {"Smith, John", "a:b,c:%d"};
-    for (const std::string& name : names) {
-        program->hof.AddHallOfFameEntry(name, 60, 2, 0, 0);
-        program->hof.AddHallOfFameEntry(name, 90, 3, 2, 3);
-    }
-    program->g.gGameType = 1;
-    FrmHOF form = open();
-    for (int row : {1, 2}) {
-        EXPECT_EQ(form.cells[0][row], names[row - 1]);
-        EXPECT_EQ(form.cells[1][row], "11/22/2026");
-        EXPECT_EQ(form.cells[2][row], "60");
-        EXPECT_EQ(form.cells[4][row], "N/A");
-    }
-    form.cmdNext_Click();
-    for (int row : {1, 2}) {
-        EXPECT_EQ(form.cells[0][row], names[row - 1]);
-        EXPECT_EQ(form.cells[4][row], "2/3");
-        EXPECT_EQ(form.cells[6][row], "1");
-    }
-    EXPECT_EQ(form.cells[0][3], " ");
 }
 
 // The name was cut at 20 code points: an emoji with a skin tone lost its tone or half of
