@@ -1,9 +1,8 @@
-// A peer that is no copy of the game: bytes in odd pieces, several moves in one read, and
-// messages that do not fit. The program replays what fits, and is never led by what does not.
+// A peer that is no copy of the game: moves that no deal asked for, and messages that do not
+// fit. The program replays what fits, and is never led by what does not.
 #include <algorithm>
 
 #include "NetFixture.h"
-#include "cards/Val.h"
 #include "platform/Socket.h"
 #include "platform/sim/SimNetwork.h"
 
@@ -87,41 +86,6 @@ public:
     RawPeer peer;
     Moves moves;
 };
-
-TEST_F(Hostile, AMoveInPiecesAndMovesInOneReadAreEachReplayedOnce) {
-    joinAndDeal();
-    const auto [slot, where] = legalHandMove();
-    const std::string move = "CARD," + std::to_string(slot) + "," + std::to_string(where);
-    send(move.substr(0, 6));
-    world.advance(30);
-    send(move.substr(6));
-    const int took = where < 0 ? -1 : static_cast<int>(host.f().ctl.imgTCard[where].Tag.value());
-    ASSERT_TRUE(runUntil([&] { return !moves.made.empty(); }));
-    EXPECT_EQ(moves.made.size(), 1u) << "one move, taken once";
-    EXPECT_EQ(moves.made[0].side, 1);
-    EXPECT_EQ(moves.made[0].pos, 8);
-    EXPECT_EQ(moves.made[0].took, took);
-    if (where >= 0) {
-        EXPECT_EQ(moves.made[0].slot, where);
-    }
-    // The flipped card follows the host's deck; if it waits, its move comes merged with a
-    // chat line, and both are taken.
-    ASSERT_TRUE(runUntil([&] { return host.f().m.mCompPhase == 3 || moves.made.size() > 1; }));
-    std::vector<std::string> chat;
-    host.f().net.chatReceived = [&](const std::string& line) { chat.push_back(line); };
-    ASSERT_TRUE(host.f().ctl.imgFlipCard.hasPicture()) << "this deal's first flip of the peer matches";
-    {
-        int framed = 0;
-        while (!host.f().ctl.shpTHilite[framed].Visible) ++framed;
-        send("CHAT,a,b" + std::string("CARD,") + host.f().ctl.imgFlipCard.Tag.text() + "," + std::to_string(framed));
-        ASSERT_TRUE(runUntil([&] { return moves.made.size() == 2; }));
-        EXPECT_EQ(moves.made[1].slot, framed);
-        EXPECT_EQ(chat, std::vector<std::string>{"a,b"});
-    }
-    ASSERT_TRUE(runUntil([&] { return host.f().m.mTurn == 0; }));
-    EXPECT_EQ(host.f().m.mCompPlays, 1);
-    EXPECT_EQ(host.f().g.gPlayMode, 1) << "nothing was out of step";
-}
 
 // A move that crossed a restart (or that no deal asked for) is void: the next deal replays
 // only the moves sent for it.
