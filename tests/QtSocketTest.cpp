@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <filesystem>
 
+#include "ToolProcess.h"
 #include "platform/Socket.h"
 #include "platform/qt/QtHost.h"
 
@@ -49,21 +50,10 @@ TEST(QtSocket, BothEndsGiveUpOnASilentPeerWithinAMinute) {
         listener->Close();
         listener->Accept(id);
     };
-    listener->Listen();  // LocalPort 0: any free port
+    const int port = test::freePort();
+    listener->LocalPort = port;
+    listener->Listen();
     ASSERT_EQ(listener->State(), Socket::sckListening);
-    // The port the kernel chose, from this process's listening socket.
-    int port = 0;
-    for (const auto& entry : std::filesystem::directory_iterator("/proc/self/fd")) {
-        sockaddr_storage local{};
-        socklen_t size = sizeof local;
-        int listening = 0;
-        socklen_t n = sizeof listening;
-        const int fd = std::stoi(entry.path().filename().string());
-        if (::getsockname(fd, reinterpret_cast<sockaddr*>(&local), &size) == 0 &&
-            ::getsockopt(fd, SOL_SOCKET, SO_ACCEPTCONN, &listening, &n) == 0 && listening)
-            port = portOf(local);
-    }
-    ASSERT_NE(port, 0);
     joiner->RemoteHost = "127.0.0.1";
     joiner->RemotePort = port;
     joiner->Connect();
