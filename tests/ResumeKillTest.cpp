@@ -3,9 +3,10 @@
 // again: every start must show the table of the last move it saved, and the game must end as
 // the same game played unbroken.
 #include <gtest/gtest.h>
+#include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,33 +18,22 @@
 #include <thread>
 
 #include "GameFixture.h"
+#include "ToolProcess.h"
 #include "TempFolder.h"
 #include "records/SavedGame.h"
 #include "records/Statistics.h"
 
-extern char** environ;
-
 namespace petal::test {
 namespace {
 
-// The headless tool with its output read line by line as it comes.
+// The headless tool with its output read line by line as it comes, through a pipe of its own.
 class Player {
 public:
-    explicit Player(std::vector<std::string> args) {
-        args.insert(args.begin(), PETAL_SIM);
-        std::vector<char*> argv;
-        for (std::string& a : args) argv.push_back(a.data());
-        argv.push_back(nullptr);
-        int pipeEnds[2];
-        if (::pipe(pipeEnds) != 0) throw std::runtime_error("no pipe");
-        posix_spawn_file_actions_t files;
-        posix_spawn_file_actions_init(&files);
-        posix_spawn_file_actions_adddup2(&files, pipeEnds[1], 1);
-        posix_spawn_file_actions_addclose(&files, pipeEnds[0]);
-        posix_spawn(&pid_, PETAL_SIM, &files, nullptr, argv.data(), environ);
-        posix_spawn_file_actions_destroy(&files);
-        ::close(pipeEnds[1]);
-        fd_ = pipeEnds[0];
+    Player(const std::vector<std::string>& args, const std::filesystem::path& pipe) {
+        ::mkfifo(pipe.c_str(), 0600);
+        fd_ = ::open(pipe.c_str(), O_RDONLY | O_NONBLOCK);  // a reader first, so that the tool's open returns
+        pid_ = startProgram(PETAL_SIM, args, pipe);
+        std::filesystem::remove(pipe);
     }
     ~Player() {
         kill();
@@ -65,13 +55,11 @@ public:
         }
     }
     void kill() {
-        if (pid_ <= 0) return;
-        ::kill(pid_, SIGKILL);
-        status();
+        if (pid_ > 0) ::kill(pid_, SIGKILL), ::waitpid(pid_, nullptr, 0);
+        pid_ = 0;
     }
     int status() {
-        int status = 0;
-        if (pid_ > 0) ::waitpid(pid_, &status, 0);
+        const int status = pid_ > 0 ? finishProgram(pid_, std::chrono::seconds(60)) : -1;
         pid_ = 0;
         return status;
     }
@@ -104,7 +92,7 @@ TEST(ResumeKill, EveryStartShowsTheLastSavedMoveAndTheGameEndsAsUnbroken) {
         {
             std::vector<std::string> args = game;
             args.insert(args.end(), {"--folder", unbroken.path().string()});
-            Player p(args);
+            Player p(args, unbroken.path() / "out");
             while (const auto l = p.line()) {
                 if (l->rfind("move ", 0) == 0) tables.insert(numbered(*l, 5));
                 if (l->rfind("end ", 0) == 0) end = l->substr(4);
@@ -120,7 +108,7 @@ TEST(ResumeKill, EveryStartShowsTheLastSavedMoveAndTheGameEndsAsUnbroken) {
             if (last > 0 && !std::filesystem::exists(killed.path() / SavedGame::kFileName)) break;
             // A write cut off by the kill leaves its temporary file beside the save.
             inWrites += std::filesystem::exists(killed.path() / (std::string(SavedGame::kFileName) + ".tmp")) ? 1 : 0;
-            Player p(args);
+            Player p(args, killed.path() / "out");
             const int lines = std::uniform_int_distribution<int>(1, 8)(random);
             bool firstTable = true, killedIt = false;
             std::string lastLine;
