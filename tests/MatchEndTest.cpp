@@ -88,14 +88,16 @@ TEST_F(MatchEnd, TheNextStarter) {
     }
 }
 
+// A single game has no score card, but its end rings by the same margins as a tournament's round.
 TEST_F(MatchEnd, AWonOrTiedSingleGameOffersTheHallOfFameAndALostOneDoesNot) {
     struct Case {
         const char* mine;
         const char* theirs;
         bool offered;
-        int banner0, banner1;
+        const char* sound;
     };
-    const Case cases[] = {{"60", "50", true, 0, 1}, {"", "", true, 2, 2}, {"40", "45", false, 1, 0}};
+    const Case cases[] = {{"60", "50", true, "pwin1.wav"}, {"", "", true, "Tie.wav"}, {"40", "45", false, "cwin1.wav"},
+                          {"160", "40", true, "pwin3.wav"}};
     for (const Case& c : cases) {
         dealWith({}, {}, {});
         f->ctl.panel[0].lblPointsTotal[3].Caption = c.mine;
@@ -112,6 +114,7 @@ TEST_F(MatchEnd, AWonOrTiedSingleGameOffersTheHallOfFameAndALostOneDoesNot) {
         host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::Yes);
         f->EndMatch();
         EXPECT_EQ(offered, c.offered) << c.mine << " against " << c.theirs;
+        EXPECT_EQ(f->lastSound(), (dir.path() / c.sound).string());
         EXPECT_EQ(program->g.gHighScoreName, "Ayame");
         EXPECT_EQ(program->g.gGameInProgress, 1) << "Yes deals again";
         EXPECT_EQ(f->m.mTurn, 0) << "a single player always leads";

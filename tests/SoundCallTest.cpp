@@ -1,5 +1,5 @@
 // The sounds that the game asks of its host: a move's in the order of its steps, none while
-// Game > Sound is unchecked, and a single game's end; the check items kept for the next start.
+// Game > Sound is unchecked; the check items kept for the next start.
 #include "GameFixture.h"
 
 namespace petal::test {
@@ -36,20 +36,6 @@ TEST_F(SoundCalls, AMoveSoundsEachStepAndNothingOnceSoundIsOffWhichTheNextStartK
     restart();
     EXPECT_FALSE(f->menu.mnuSound.Checked);
     EXPECT_FALSE(f->menu.mnuAnimations.Checked);
-}
-
-// A single game has no score card, but its end rings by the same margins as a tournament's round.
-TEST_F(SoundCalls, ASingleGamesEndSoundsItsResult) {
-    for (const auto& [mine, theirs, sound] : {std::tuple{"", "", "Tie.wav"}, std::tuple{"160", "40", "pwin3.wav"}}) {
-        dealWith({}, {}, {});
-        f->ctl.panel[0].lblPointsTotal[3].Caption = mine;
-        f->ctl.panel[1].lblPointsTotal[3].Caption = theirs;
-        host->onForm = [](Form& form) { form.Unload(); };
-        host->expectMsgBox("Do you want to play again?", "Play Again?", MsgResult::Yes);
-        heard();
-        f->EndMatch();
-        EXPECT_EQ(heard(), std::vector<std::string>{sound}) << mine << " against " << theirs;
-    }
 }
 
 }  // namespace
