@@ -20,13 +20,6 @@ struct Run {
     friend void PrintTo(const Run& run, std::ostream* out) { *out << run.target; }
 };
 
-std::string hex(const std::string& bytes) {
-    static const char digits[] = "0123456789abcdef";
-    std::string out;
-    for (const unsigned char b : bytes) out += {digits[b >> 4], digits[b & 15]};
-    return out;
-}
-
 // One to four changes, as a disk, a copy or a hand makes them: a byte put in, changed or taken
 // out with those after it, a piece repeated, the end cut off.
 void spoil(std::string& bytes, std::mt19937_64& random) {
@@ -64,7 +57,7 @@ TEST_P(Fuzz, TheKeptInputsAndSpoilingsOfThemRunClean) {
         std::string input = kept[random() % kept.size()];
         spoil(input, random);
         ASSERT_EQ(target->run(reinterpret_cast<const std::uint8_t*>(input.data()), input.size()), "")
-            << "input " << hex(input);
+            << "input " << ::testing::PrintToString(input);
     }
 }
 
