@@ -31,31 +31,25 @@ TEST_F(Folders, ARunFromItsOwnWritableFolderKeepsEverythingThere) {
     EXPECT_EQ(folders.moved, "");
 }
 
-TEST_F(Folders, AnUnwritableFolderSendsTheFilesToTheUsersDataFolderMadeAtFirstStart) {
-    const fs::path program = dir.path() / "opt";
-    fs::create_directories(program);
-    const fs::path xdg = dir.path() / "xdg" / "data";  // neither it nor its parent exists yet
-    const ProgramFolders folders = chooseProgramFolders(program, env(false, xdg.string()));
-    EXPECT_EQ(folders.files, xdg / "petalgarden");
-    EXPECT_TRUE(fs::is_directory(folders.files));
-    EXPECT_EQ(folders.help, program);
-    EXPECT_THAT(folders.moved, HasSubstr("keeps its settings and its Hall of Fame in \"" + folders.files.string()));
-}
-
-// Such a copy used to leave the files beside it behind without a word: the Hall of Fame looked
-// empty and the options were back to their defaults. They are copied, never over a file in the
-// data folder, the originals stay, and the move is told once.
+// An unwritable folder sends the files to the user's data folder, made at the first start. Such a
+// copy used to leave the files beside it behind without a word: the Hall of Fame looked empty and
+// the options were back to their defaults. They are copied, never over a file in the data folder
+// (here one made by hand before), the originals stay, and the move is told once.
 TEST_F(Folders, FilesBesideAnUnwritableProgramAreCopiedAndTheMoveToldOnce) {
-    const fs::path program = dir.path() / "opt", data = dir.path() / "data" / "petalgarden";
+    const fs::path program = dir.path() / "opt", xdg = dir.path() / "xdg" / "data", data = xdg / "petalgarden";
     fs::create_directories(program);
-    fs::create_directories(data);
+    const ProgramFolders made = chooseProgramFolders(program, env(false, xdg.string()));
+    EXPECT_EQ(made.files, data);
+    EXPECT_TRUE(fs::is_directory(data)) << "neither it nor its parent existed";
+    EXPECT_EQ(made.help, program);
+    EXPECT_THAT(made.moved, HasSubstr("keeps its settings and its Hall of Fame in \"" + data.string()));
     const auto write = [](const fs::path& file, const std::string& bytes) { std::ofstream(file) << bytes; };
     write(program / "GARDENIA.ini", "1\r\n5\r\n-1\r\n0\r\n");
     write(program / "HOF.mdb", "records");
     write(program / "petalgarden-options.ini", "sound=off\n");
     write(data / "petalgarden-options.ini", "sound=on\n");
     fs::permissions(program / "HOF.mdb", fs::perms::owner_read | fs::perms::group_read);
-    const ProgramFolders first = chooseProgramFolders(program, env(false, (dir.path() / "data").string()));
+    const ProgramFolders first = chooseProgramFolders(program, env(false, xdg.string()));
     EXPECT_EQ(first.files, data);
     EXPECT_EQ(fileText(data / "GARDENIA.ini"), "1\r\n5\r\n-1\r\n0\r\n");
     EXPECT_EQ(fileText(data / "HOF.mdb"), "records");
@@ -64,7 +58,7 @@ TEST_F(Folders, FilesBesideAnUnwritableProgramAreCopiedAndTheMoveToldOnce) {
     EXPECT_EQ(fileText(program / "HOF.mdb"), "records") << "the originals stay";
     EXPECT_THAT(first.moved, HasSubstr("may not write in its folder \"" + program.string() + "\""));
     EXPECT_THAT(first.moved, HasSubstr("(GARDENIA.ini, HOF.mdb) were copied"));
-    EXPECT_EQ(chooseProgramFolders(program, env(false, (dir.path() / "data").string())).moved, "");
+    EXPECT_EQ(chooseProgramFolders(program, env(false, xdg.string())).moved, "");
 }
 
 TEST_F(Folders, AnInstalledCopyReadsItsHelpFromShareAndKeepsItsFilesWithTheUser) {
