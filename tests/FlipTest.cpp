@@ -37,20 +37,12 @@ TEST_F(Flip, AFlipWithAMatchWaitsForTheChoiceAndThenPassesTheTurn) {
     EXPECT_TRUE(f->tmrComputer.Enabled());
 }
 
-TEST_F(Flip, AFlipWithoutAMatchStandsForHalfASecondUnderTheHourglass) {
+// A flip without a match stands for half a second under the hourglass, then lies in the slot that
+// the capture freed. The hourglass was set only from the arrow: over a yaku picture the hand
+// pointer stayed, and a second hand card could be played while the flipped card stood.
+TEST_F(Flip, AFlipWithoutAMatchPausesAndNoHandCardIsPlayedMeanwhileWhateverThePointer) {
     dealWith({kPineCrane}, {}, {kPineChaffA}, {kPaulowniaOther});
     const auto before = host->now();
-    captureFirst();
-    EXPECT_EQ(host->now() - before, 500);
-    EXPECT_EQ(tagOf(f->ctl.imgTCard[0]), 24) << "laid into the slot that the capture freed";
-    EXPECT_EQ(f->m.mTurn, 1);
-    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerHourglass) << "left on until the opposite turn ends";
-}
-
-// The flip's hourglass was set only from the arrow: over a yaku picture the hand pointer stayed,
-// and a second hand card could be played while the flipped card stood.
-TEST_F(Flip, NoHandCardIsPlayedDuringTheFlipsPauseWhateverThePointer) {
-    dealWith({kPineCrane}, {}, {kPineChaffA}, {kPaulowniaOther});
     f->yaku.imgPYaku_MouseMove(0);
     ASSERT_EQ(f->MousePointer(), FrmMain::kPointerHand);
     bool selected = true;
@@ -61,9 +53,12 @@ TEST_F(Flip, NoHandCardIsPlayedDuringTheFlipsPauseWhateverThePointer) {
     }, 100);
     during.setEnabled(true);
     captureFirst();
+    EXPECT_EQ(host->now() - before, 500);
+    EXPECT_EQ(tagOf(f->ctl.imgTCard[0]), 24);
+    EXPECT_EQ(f->m.mTurn, 1);
     EXPECT_FALSE(selected);
     EXPECT_TRUE(f->ctl.imgPCard[1].hasPicture());
-    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerHourglass);
+    EXPECT_EQ(f->MousePointer(), FrmMain::kPointerHourglass) << "left on until the opposite turn ends";
 }
 
 // Abandoning the game inside a flip's pause, the local player's or the computer's, used to leave
