@@ -1,5 +1,5 @@
-// Dealing: the generator and its seed text, the deal's layout, who leads, the deck's question,
-// and NewGame clearing what a deal left behind.
+// Dealing: the generator and its seed text, the deck's question, the client's deck, and NewGame
+// clearing what a deal left behind. (Who leads the next deal is MatchEnd's.)
 #include "GameFixture.h"
 #include "engine/SeedText.h"
 
@@ -55,16 +55,6 @@ TEST(SeedText, ReadsTwentyFourHourAndTwelveHourTextsAndNothingElse) {
                           {"13:00:00 PM", 0},     {"noon", 0},           {"", 0},
                           {"12:00", 0},           {"12:00:00pm", 0}};
     for (const Case& c : cases) EXPECT_DOUBLE_EQ(seedValue(c.text), c.value) << c.text;
-}
-
-TEST_F(Deal, ATournamentFollowsTheTurnAsItStands) {
-    f->settings.WriteSettings(1, 3, -1, 0);
-    f->m.mTurn = 1;
-    f->dealer.imgDeck_Click();
-    EXPECT_EQ(f->m.mTurn, 1);
-    EXPECT_TRUE(f->tmrComputer.Enabled());
-    EXPECT_TRUE(f->ctl.panel[1].imgTurn.Visible);
-    EXPECT_FALSE(f->ctl.panel[0].imgTurn.Visible);
 }
 
 TEST_F(Deal, TheDeckAsksBeforeAbandoningAGame) {
