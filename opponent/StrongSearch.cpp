@@ -69,10 +69,16 @@ int playOut(const Sight& sight, DealState s, HandMove move) {
 // is safe over the deals still to come.
 constexpr double kDealSpread = 70.0;
 
+// What winning a single game adds to its difference: enough that a move which turns a narrow
+// loss into a narrow win is taken over one that only adds points to a lost or a won deal.
+// Measured: 30 wins about one more deal in a hundred against the standard computer than the
+// plain difference, at the same mean margin; 100 and more win no more.
+constexpr double kWinBonus = 30.0;
+
 }  // namespace
 
 double StrongSearch::worth(const Sight& sight, int difference) {
-    if (!sight.tournament) return difference;
+    if (!sight.tournament) return difference + kWinBonus * ((difference > 0) - (difference < 0));
     const int standing = sight.lead + difference;
     // Within the tournament's result, the difference still tells the better of two moves apart.
     const double tie = difference * 1e-4;

@@ -18,8 +18,8 @@ public:
     // turned card waiting: handSlot is -1 and tableSlot the table card it takes.
     static HandMove choose(const Sight& sight, int playouts = kPlayouts);
 
-    // The result of a deal for the sight's side: the difference of the totals, or in a
-    // tournament the standing it leaves.
+    // The result of a deal for the sight's side: the difference of the totals and the win, or
+    // in a tournament the standing it leaves.
     static double worth(const Sight& sight, int difference);
 };
 

@@ -113,7 +113,12 @@ public:
     void mnuHint_Click() { hint.mnuHint_Click(); }
     // The menu flags that follow the game's state rather than its events: the hint is offered
     // exactly when a move of the player's waits in single play.
-    void syncMenu() { menu.mnuHint.Enabled = hint.offered(); }
+    // The items whose state follows the game: a client learns of a tournament only when the
+    // host's options arrive.
+    void syncMenu() {
+        menu.mnuHint.Enabled = hint.offered();
+        menu.mnuVScore.Enabled = g.gGameType != 0;
+    }
 
     // Each takes away only the hand pointer, so the hourglass survives every mouse movement.
     void Form_MouseMove() { restoreArrow(); }

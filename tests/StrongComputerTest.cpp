@@ -50,9 +50,9 @@ TEST_F(Strong, TheChoiceDependsOnlyOnWhatTheSideSees) {
     }
 }
 
-// Per deal the strong computer weighs the difference of the totals; in the last deal of a
-// tournament only whether it wins the tournament, so it gambles when behind and plays safe when
-// ahead, where the difference would have it do otherwise.
+// Per deal the strong computer weighs the difference of the totals and whether the deal is won;
+// in the last deal of a tournament only whether it wins the tournament, so it gambles when
+// behind and plays safe when ahead, where the difference would have it do otherwise.
 TEST(StrongSearch, InTheLastDealOfATournamentItPlaysToWinTheTournament) {
     struct Case {
         const char* rule;
@@ -68,6 +68,7 @@ TEST(StrongSearch, InTheLastDealOfATournamentItPlaysToWinTheTournament) {
     early.dealsAfter = 3;
     const Case cases[] = {
         {"a single game: the better mean", single, {20, 20}, {45, -60}, false},
+        {"a single game: a sure narrow win over a richer gamble", single, {5, 5}, {40, -20}, false},
         {"behind by 40: only a win counts", behind, {20, 20}, {45, -60}, true},
         {"ahead by 30: a certain win", ahead, {0, 0}, {100, -40}, false},
         {"deals to come: the mean still leads", early, {20, 20}, {45, -60}, false},
