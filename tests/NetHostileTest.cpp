@@ -149,14 +149,6 @@ TEST_F(Hostile, AHostsOptionsThatNoGameCanPlayEndTheClientsSession) {
     EXPECT_EQ(client.f().connectionStatus, nullptr);
 }
 
-TEST_F(Hostile, AHostsTournamentOffersTheClientItsScoreCard) {
-    hostForClient();
-    send("SEUP,1,3,0");
-    ASSERT_TRUE(runUntil([&] { return client.f().g.gGameType == 1; }, 5000));
-    client.f().syncMenu();
-    EXPECT_TRUE(client.f().menu.mnuVScore.Enabled);
-}
-
 // Bytes that a lost connection cut short are that loss, and the player is told of the loss.
 TEST_F(Hostile, AMessageCutShortByALostConnectionIsToldAsTheLoss) {
     client.answers["Out of Step"] = MsgResult::OK;

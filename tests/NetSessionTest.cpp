@@ -22,6 +22,8 @@ TEST_F(NetSession, TheClientTakesTheHostsOptionsAndBothHoldTheSameDeal) {
     EXPECT_EQ(c.g.gGameType, 1);
     EXPECT_EQ(c.g.gRounds, 3);
     EXPECT_FALSE(c.g.gUseYaku);
+    c.syncMenu();
+    EXPECT_TRUE(c.menu.mnuVScore.Enabled) << "the tournament's score card";
     EXPECT_EQ(host.titles(), std::vector<std::string>{"Connection Successful"});
     EXPECT_EQ(client.f().connectionStatus->Label1, "Waiting for your host to start the game");
 
