@@ -66,17 +66,24 @@ TEST_F(HandPlay, AClickMovesClearsOrDropsTheSelection) {
     EXPECT_TRUE(framedSlots().empty());
 }
 
+// The crane counts for its yaku group only while yaku are played.
 TEST_F(HandPlay, ACaptureSendsBothCardsAndEmptiesTheSlots) {
-    // The deck's first card has no match, so the flip lies down by itself (where is Flip's).
-    dealWith({kPineCrane}, {}, {kPineChaffA, kPlumWarbler}, {kPaulowniaChaff});
-    f->play.imgPCard_Click(0);
-    f->play.imgTCard_Click(0);
-    EXPECT_EQ(pileIndices(0, 0), std::vector<int>{kPineCrane});
-    EXPECT_EQ(pileIndices(0, 3), std::vector<int>{kPineChaffA});
-    EXPECT_FALSE(f->ctl.imgPCard[0].hasPicture());
-    EXPECT_TRUE(f->ctl.imgPCard[0].Visible) << "a capture leaves the hand place visible";
-    EXPECT_EQ(f->ctl.imgPCard[0].Tag, "-1");
-    EXPECT_TRUE(framedSlots().empty());
+    for (const bool yaku : {true, false}) {
+        restart();
+        program->g.gUseYaku = yaku;
+        // The deck's first card has no match, so the flip lies down by itself (where is Flip's).
+        dealWith({kPineCrane}, {}, {kPineChaffA, kPlumWarbler}, {kPaulowniaChaff});
+        f->play.imgPCard_Click(0);
+        f->play.imgTCard_Click(0);
+        EXPECT_EQ(pileIndices(0, 0), std::vector<int>{kPineCrane});
+        EXPECT_EQ(pileIndices(0, 3), std::vector<int>{kPineChaffA});
+        EXPECT_FALSE(f->ctl.imgPCard[0].hasPicture());
+        EXPECT_TRUE(f->ctl.imgPCard[0].Visible) << "a capture leaves the hand place visible";
+        EXPECT_EQ(f->ctl.imgPCard[0].Tag, "-1");
+        EXPECT_TRUE(framedSlots().empty());
+        const auto& groups = f->m.mYakuCards[0];
+        EXPECT_EQ(std::count(groups.begin(), groups.end(), 1), yaku ? 1 : 0);
+    }
 }
 
 TEST_F(HandPlay, ADropIsRefusedWhileAMatchExistsAndShowsWhy) {
