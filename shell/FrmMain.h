@@ -112,9 +112,8 @@ public:
     void mnuHHelp_Click();
     void mnuHint_Click() { hint.mnuHint_Click(); }
     // The menu flags that follow the game's state rather than its events: the hint is offered
-    // exactly when a move of the player's waits in single play.
-    // The items whose state follows the game: a client learns of a tournament only when the
-    // host's options arrive.
+    // exactly when a move of the player's waits in single play, and the score card in a
+    // tournament, which a client learns of only when the host's options arrive.
     void syncMenu() {
         menu.mnuHint.Enabled = hint.offered();
         menu.mnuVScore.Enabled = g.gGameType != 0;
