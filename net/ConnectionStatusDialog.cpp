@@ -68,6 +68,10 @@ ConnectionStatusDialog::ConnectionStatusDialog(FrmConnectionStatus& form, QtHost
     layout->addLayout(row);
     auto* cancel = new QPushButton(Language::core(PETAL_TR("core", "Cancel")), this);
     cancel->setFixedWidth(90);
+    // The wait often follows a box answered with Enter: a second Enter or a Space, meant for the
+    // table, must not end the session. Escape and the mouse still cancel.
+    cancel->setAutoDefault(false);
+    cancel->setFocusPolicy(Qt::NoFocus);
     layout->addWidget(cancel, 0, Qt::AlignHCenter);
     onClick(cancel, [this] { form_.cmdCancel_Click(); });
     // The model's timer steps the animation; the view follows it.

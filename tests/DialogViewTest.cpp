@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -15,6 +16,7 @@
 #include "GameFixture.h"
 #include "ViewStart.h"
 #include "assets/PictureStore.h"
+#include "net/FrmConnectionStatus.h"
 #include "records/FrmHOFWinner.h"
 #include "records/MarginChart.h"
 #include "shell/FormDialogs.h"
@@ -120,6 +122,31 @@ TEST_F(DialogView, AChatLineOpensTheFormWhichForwardsEnterAndEscape) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "not inside the receiving handler";
     host.waitUntil([&] { return closed && !QApplication::activeModalWidget(); });
     EXPECT_EQ(program.frmMain.chat.form(), nullptr);
+}
+
+// The wait for the peer's answer often follows a box answered with Enter: more Enters or Spaces,
+// meant for the table, leave it standing; Escape asks before the session ends.
+TEST_F(DialogView, TheWaitForThePeerTakesNeitherEnterNorSpace) {
+    FrmConnectionStatus wait(program.frmMain);
+    wait.ConnectMode = 2;
+    QStringList asked;
+    QMessageBox::StandardButton answer = QMessageBox::No;
+    QTimer answerer;
+    answerer.callOnTimeout([&] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            asked << box->windowTitle();
+            box->button(answer)->click();
+        }
+    });
+    answerer.start(20);
+    whenShown("connection-wait.png", [&](QWidget* dialog) {
+        for (int key : {Qt::Key_Return, Qt::Key_Space, Qt::Key_Enter})
+            QTest::keyClick(dialog->focusWidget() ? dialog->focusWidget() : dialog, Qt::Key(key));
+        answer = QMessageBox::Yes;
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    host.showModal(wait);
+    EXPECT_EQ(asked.join(" | "), "Close Connection") << "only Escape asks to end the session";
 }
 
 // The record chosen in the statistics' list is the one shown, with its chart.
