@@ -1,5 +1,6 @@
 #include "records/StatisticsDialog.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -44,6 +45,8 @@ StatisticsDialog::StatisticsDialog(FrmStatistics& form, QtHost& host, QWidget* p
     auto* layout = new QVBoxLayout(this);
     record_ = new QComboBox(this);
     record_->setAccessibleName(Language::core(PETAL_TR("core", "Record")));
+    // The open list is a window of its own to a screen reader: it is named as the box is.
+    record_->view()->setAccessibleName(record_->accessibleName());
     layout->addWidget(record_);
     auto* tables = new QHBoxLayout;
     tables->addWidget(rows(Language::core(PETAL_TR("core", "Games")), figures_, this), 3);
