@@ -105,18 +105,15 @@ TEST_F(NetFault, APeerThatComesAndGoesBetweenTwoPollsIsSeen) {
     host.answers["Remote Connection Closed"] = MsgResult::OK;
     host.answers["Reconnect"] = MsgResult::Yes;
     act(host, [&] { host.f().mnuSetup_Click(); });
-    TempDir dir;
-    SimHost rawHost(dir.path());
-    world.join(rawHost);
-    const auto raw = rawHost.createSocket();
+    RawPeer raw(world);
     const auto comeAndGo = [&] {
-        world.act(rawHost, [&] {
-            raw->RemoteHost = "127.0.0.1";
-            raw->RemotePort = 4800;
-            raw->Connect();
+        world.act(raw.host, [&] {
+            raw.socket->RemoteHost = "127.0.0.1";
+            raw.socket->RemotePort = 4800;
+            raw.socket->Connect();
         });
-        ASSERT_TRUE(runUntil([&] { return raw->State() == Socket::sckConnected; }));
-        world.act(rawHost, [&] { raw->Close(); });
+        ASSERT_TRUE(runUntil([&] { return raw.socket->State() == Socket::sckConnected; }));
+        world.act(raw.host, [&] { raw.socket->Close(); });
     };
     ASSERT_TRUE(runUntil([&] { return host.f().socketState() == Socket::sckListening; }));
     comeAndGo();
