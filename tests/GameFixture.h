@@ -44,6 +44,8 @@ void dealWith(FrmMain& f, const std::vector<int>& hand, const std::vector<int>& 
 class GameFixture : public ::testing::Test {
 protected:
     GameFixture();
+    // The program started; a fixture that starts it otherwise overrides this.
+    void SetUp() override { start(); }
 
     // Starts the program: the Hall of Fame, then the main form's load.
     void start();

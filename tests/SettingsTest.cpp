@@ -9,6 +9,7 @@ namespace {
 
 class Settings : public GameFixture {
 protected:
+    void SetUp() override {}  // each test starts the program itself, on the file it wrote
     std::filesystem::path file() const { return dir.path() / "GARDENIA.ini"; }
     void writeFile(const std::string& bytes) { std::ofstream(file(), std::ios::binary) << bytes; }
     std::string readFile() const { return fileText(file()); }
