@@ -27,9 +27,10 @@ void GameFixture::start() {
     host->onForm = std::move(script);
 }
 
-void GameFixture::restart() {
+void GameFixture::restart(std::function<MsgResult(const MsgBox&)> answer) {
     program.reset();
     host = std::make_unique<SimHost>(dir.path());
+    host->onMsgBox = std::move(answer);
     start();
 }
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <vector>
@@ -49,8 +50,8 @@ protected:
 
     // Starts the program: the Hall of Fame, then the main form's load.
     void start();
-    // A fresh host and program in the same folder, started again.
-    void restart();
+    // A fresh host and program in the same folder, started again; `answer` answers its boxes.
+    void restart(std::function<MsgResult(const MsgBox&)> answer = {});
     void dealWith(const std::vector<int>& hand, const std::vector<int>& opposite, const std::vector<int>& table,
                   const std::vector<int>& deck = {}) {
         test::dealWith(*f, hand, opposite, table, deck);
