@@ -15,20 +15,6 @@
 
 namespace petal::test {
 
-// A bare socket in the world, driven by the test: a peer that is no copy of the game.
-struct RawPeer {
-    explicit RawPeer(SimWorld& world) : host(dir.path()) {
-        world.join(host);
-        socket = host.createSocket();
-        socket->DataArrival = [this](long) { received += socket->GetData(); };
-        socket->ConnectionRequest = [this](long id) { socket->Close(), socket->Accept(id); };
-    }
-    TempDir dir;
-    SimHost host;
-    std::unique_ptr<Socket> socket;
-    std::string received;
-};
-
 class NetFixture : public ::testing::Test {
 protected:
     struct Side {
@@ -55,6 +41,20 @@ protected:
             void dealt() override { ++deals; }
             void dealEnded() override { ++count; }
         } ends;
+    };
+
+    // A bare socket in the world, driven by the test: a peer that is no copy of the game.
+    struct RawPeer {
+        explicit RawPeer(SimWorld& world) : host(dir.path()) {
+            world.join(host);
+            socket = host.createSocket();
+            socket->DataArrival = [this](long) { received += socket->GetData(); };
+            socket->ConnectionRequest = [this](long id) { socket->Close(), socket->Accept(id); };
+        }
+        TempDir dir;
+        SimHost host;
+        std::unique_ptr<Socket> socket;
+        std::string received;
     };
 
     NetFixture();
