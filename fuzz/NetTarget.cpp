@@ -20,7 +20,6 @@
 #include "net/MessageFramer.h"
 #include "platform/Socket.h"
 #include "platform/sim/SimWorld.h"
-#include "shell/FrmSetup.h"
 
 namespace petal::fuzz {
 
@@ -82,13 +81,8 @@ private:
             f.chat.receive(line);
         };
         rig_->onForm = [this](Form& form) {
-            if (auto* setup = dynamic_cast<FrmSetup*>(&form)) {
-                setup->selectGame(joins_ ? 2 : 1);
-                setup->setText(setup->txtHostIP, "127.0.0.1");
-                setup->cmdOK_Click();
-            } else if (auto* status = dynamic_cast<FrmConnectionStatus*>(&form)) {
+            if (auto* status = dynamic_cast<FrmConnectionStatus*>(&form))
                 rig_->host().waitUntil([status] { return !status->loaded(); });
-            }
         };
         peer_->DataArrival = [this](long) { peer_->GetData(); };
         peer_->ConnectionRequest = [this](long id) { peer_->Close(), peer_->Accept(id); };
@@ -97,7 +91,7 @@ private:
                 peer_->LocalPort = kPort;
                 peer_->Listen();
             });
-        rig_->act([&f] { f.mnuSetup_Click(); });
+        rig_->act([this, &f] { f.startSession(joins_ ? 2 : 1, "127.0.0.1", kPort); });
         if (!joins_)
             world_->act(*peerHost_, [this] {
                 peer_->RemoteHost = "127.0.0.1";

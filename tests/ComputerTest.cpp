@@ -7,7 +7,6 @@ namespace {
 
 class Computer : public GameFixture {
 protected:
-    void SetUp() override { start(); }
     // Starts the opposite side's turn as the end of the local player's turn does.
     void startOppositeTurn() {
         f->m.mTurn = 1;

@@ -11,7 +11,6 @@ constexpr int kPaulowniaChaff = 46, kPaulowniaOther = 47;
 
 class Flip : public GameFixture {
 protected:
-    void SetUp() override { start(); }
     // Plays hand slot 0 onto table slot 0 (a capture) so that the flip follows.
     void captureFirst() {
         f->play.imgPCard_Click(0);

@@ -27,15 +27,15 @@ void GameFixture::start() {
     host->onForm = std::move(script);
 }
 
-void GameFixture::restart() {
+void GameFixture::restart(std::function<MsgResult(const MsgBox&)> answer) {
     program.reset();
     host = std::make_unique<SimHost>(dir.path());
+    host->onMsgBox = std::move(answer);
     start();
 }
 
-void dealWith(FrmMain& game, const std::vector<int>& hand, const std::vector<int>& opposite,
+void dealWith(FrmMain& f, const std::vector<int>& hand, const std::vector<int>& opposite,
               const std::vector<int>& table, const std::vector<int>& deck) {
-    FrmMain* f = &game;
     const std::vector<int> zones[4] = {hand, opposite, table, deck};
     const std::size_t sizes[4] = {8, 8, 8, 24};
     std::vector<bool> used(48, false);
@@ -44,29 +44,23 @@ void dealWith(FrmMain& game, const std::vector<int>& hand, const std::vector<int
     // Places that the lists leave open take the unused cards in catalogue order.
     int next = 0;
     std::vector<int> order;
-    for (int z = 0; z < 4; ++z) {
+    for (int z = 0; z < 4; ++z)
         for (std::size_t i = 0; i < sizes[z]; ++i) {
-            if (i < zones[z].size()) {
-                order.push_back(zones[z][i]);
-                continue;
-            }
-            while (used.at(next)) ++next;
-            used[next] = true;
-            order.push_back(next);
+            while (i >= zones[z].size() && used.at(next)) ++next;
+            order.push_back(i < zones[z].size() ? zones[z][i] : next++);
         }
-    }
-    f->dealer.DealCards();
-    MainVars& m = f->m;
+    f.dealer.DealCards();
+    MainVars& m = f.m;
     for (int p = 0; p < 48; ++p) {
         m.mCards[p] = FrmCards::card(order[p] + 1);
         m.mDeck[p] = order[p] + 1;
     }
-    const int h = f->g.gPlayMode == 2 ? 8 : 0;
+    const int h = f.g.gPlayMode == 2 ? 8 : 0;
     for (int i = 0; i < 8; ++i) {
-        f->ctl.imgPCard[i].Picture = m.mCards[h + i].Picture;
-        f->ctl.imgPCard[i].ToolTipText = cardToolTip(m.mCards[h + i]);
-        f->ctl.imgTCard[i].Picture = m.mCards[16 + i].Picture;
-        f->ctl.imgTCard[i].ToolTipText = cardToolTip(m.mCards[16 + i]);
+        f.ctl.imgPCard[i].Picture = m.mCards[h + i].Picture;
+        f.ctl.imgPCard[i].ToolTipText = cardToolTip(m.mCards[h + i]);
+        f.ctl.imgTCard[i].Picture = m.mCards[16 + i].Picture;
+        f.ctl.imgTCard[i].ToolTipText = cardToolTip(m.mCards[16 + i]);
     }
 }
 

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <filesystem>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <vector>
@@ -44,11 +45,13 @@ void dealWith(FrmMain& f, const std::vector<int>& hand, const std::vector<int>& 
 class GameFixture : public ::testing::Test {
 protected:
     GameFixture();
+    // The program started; a fixture that starts it otherwise overrides this.
+    void SetUp() override { start(); }
 
     // Starts the program: the Hall of Fame, then the main form's load.
     void start();
-    // A fresh host and program in the same folder, started again.
-    void restart();
+    // A fresh host and program in the same folder, started again; `answer` answers its boxes.
+    void restart(std::function<MsgResult(const MsgBox&)> answer = {});
     void dealWith(const std::vector<int>& hand, const std::vector<int>& opposite, const std::vector<int>& table,
                   const std::vector<int>& deck = {}) {
         test::dealWith(*f, hand, opposite, table, deck);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <fstream>
 #include <functional>
+#include <optional>
 
 #include "GameFixture.h"
 #include "records/HallOfFame.h"
@@ -27,24 +28,20 @@ protected:
             at = colon + 1;
         }
     }
-    // The first column of the first row, through a connection of the test's own.
-    std::string query(const std::string& sql) {
+    // Runs statements that must succeed through a connection of the test's own; the first
+    // column of the first row, if there is one.
+    std::string sql(const std::string& statements) {
         sqlite3* db = nullptr;
         sqlite3_open(hof.path().c_str(), &db);
-        sqlite3_stmt* st = nullptr;
-        sqlite3_prepare_v2(db, sql.c_str(), -1, &st, nullptr);
-        std::string out = "<none>";
-        if (sqlite3_step(st) == SQLITE_ROW) out = reinterpret_cast<const char*>(sqlite3_column_text(st, 0));
-        sqlite3_finalize(st);
+        std::optional<std::string> first;
+        const auto keep = [](void* out, int, char** values, char**) {
+            auto& kept = *static_cast<std::optional<std::string>*>(out);
+            if (!kept) kept = values[0] ? values[0] : "";
+            return 0;
+        };
+        EXPECT_EQ(sqlite3_exec(db, statements.c_str(), keep, &first, nullptr), SQLITE_OK) << statements;
         sqlite3_close(db);
-        return out;
-    }
-    // Statements that must run, through a connection of the test's own.
-    void exec(const std::string& sql) {
-        sqlite3* db = nullptr;
-        sqlite3_open(hof.path().c_str(), &db);
-        EXPECT_EQ(sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK) << sql;
-        sqlite3_close(db);
+        return first.value_or("<none>");
     }
     // Every box from here on is kept in `told` and answered so.
     void keepBoxes() {
@@ -69,23 +66,23 @@ TEST_F(HallOfFameTest, NineRowsTakeAnyScoreAndTenRowsOnlyABetterOneAsTheFileNowH
     EXPECT_TRUE(std::filesystem::exists(dir.path() / "HOF.mdb"));
     for (int type : {0, 1})
         for (int score : {0, -5}) EXPECT_TRUE(hof.IsHighScore(type, score)) << type << " " << score;
-    EXPECT_EQ(query("SELECT name FROM sqlite_master WHERE tbl_name = 'SingleStats' AND type = 'index'"), "Score");
+    EXPECT_EQ(sql("SELECT name FROM sqlite_master WHERE tbl_name = 'SingleStats' AND type = 'index'"), "Score");
     for (int score : {90, 80, 70, 60, 55, 50, 48, 45, 42}) hof.AddHallOfFameEntry("Old", score, 0, 0, 0);
     EXPECT_TRUE(hof.IsHighScore(0, 1));
     hof.AddHallOfFameEntry("Low", 40, 0, 0, 0);
     EXPECT_FALSE(hof.IsHighScore(0, 40)) << "an equal score is no high score";
     EXPECT_TRUE(hof.IsHighScore(0, 41));
     hof.AddHallOfFameEntry("New", 41, 2, 0, 0);
-    EXPECT_EQ(query("SELECT count(*) FROM SingleStats"), "10");
+    EXPECT_EQ(sql("SELECT count(*) FROM SingleStats"), "10");
     EXPECT_EQ(rows(0)[9], "New,11/22/2026,41,2,N/A,N/A,N/A");
     EXPECT_EQ(hof.GetHallOfFame(0).find("Low"), std::string::npos) << "the old lowest is gone";
     EXPECT_FALSE(hof.IsHighScore(0, 30));
-    query("UPDATE SingleStats SET Score = 20 WHERE Score = 41");
+    sql("UPDATE SingleStats SET Score = 20 WHERE Score = 41");
     EXPECT_TRUE(hof.IsHighScore(0, 30)) << "the lowest score is now 20";
     EXPECT_FALSE(hof.IsHighScore(0, 20));
-    query("DELETE FROM SingleStats WHERE Score = 20");
+    sql("DELETE FROM SingleStats WHERE Score = 20");
     EXPECT_TRUE(hof.IsHighScore(0, 1)) << "nine rows take any score";
-    query("INSERT INTO SingleStats (PlayerName, DateWon, Score, YakuCount) VALUES ('Tenth', '11/22/2026', 35, 0)");
+    sql("INSERT INTO SingleStats (PlayerName, DateWon, Score, YakuCount) VALUES ('Tenth', '11/22/2026', 35, 0)");
     EXPECT_FALSE(hof.IsHighScore(0, 35));
 }
 
@@ -106,14 +103,14 @@ TEST_F(HallOfFameTest, EqualScoresOrderByDateTextThenNameAndBlanksFollow) {
 // away, not whichever row stands eleventh.
 TEST_F(HallOfFameTest, TheTrimOfALongTableRemovesItsLastRow) {
     hof.CloseHallOfFame();
-    exec("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 12) "
+    sql("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 12) "
          "INSERT INTO SingleStats SELECT 'S' || (i * 10), '01/01/2020', i * 10, 0 FROM n");
     hof.OpenHallOfFame();
-    ASSERT_EQ(query("SELECT count(*) FROM SingleStats"), "12");
+    ASSERT_EQ(sql("SELECT count(*) FROM SingleStats"), "12");
     hof.AddHallOfFameEntry("New", 125, 0, 0, 0);
-    EXPECT_EQ(query("SELECT count(*) FROM SingleStats"), "12") << "one row goes, no more";
-    EXPECT_EQ(query("SELECT min(Score) FROM SingleStats"), "20") << "the lowest score went";
-    EXPECT_EQ(query("SELECT count(*) FROM SingleStats WHERE Score = 20"), "1") << "the eleventh stays";
+    EXPECT_EQ(sql("SELECT count(*) FROM SingleStats"), "12") << "one row goes, no more";
+    EXPECT_EQ(sql("SELECT min(Score) FROM SingleStats"), "20") << "the lowest score went";
+    EXPECT_EQ(sql("SELECT count(*) FROM SingleStats WHERE Score = 20"), "1") << "the eleventh stays";
 }
 
 TEST_F(HallOfFameTest, TournamentAveragesAreRoundedToOneDecimalThenToEven) {
@@ -125,7 +122,7 @@ TEST_F(HallOfFameTest, TournamentAveragesAreRoundedToOneDecimalThenToEven) {
     for (const Case& c : cases) {
         const std::string name = "R" + std::to_string(c.total) + "/" + std::to_string(c.rounds);
         hof.AddHallOfFameEntry(name, c.total, c.total, 1, c.rounds);
-        EXPECT_EQ(query("SELECT ScoreAverage || ',' || YakuAverage FROM TournamentStats WHERE PlayerName = '" + name + "'"),
+        EXPECT_EQ(sql("SELECT ScoreAverage || ',' || YakuAverage FROM TournamentStats WHERE PlayerName = '" + name + "'"),
                   std::string(c.stored) + "," + c.stored)
             << name;
     }
@@ -138,7 +135,7 @@ TEST_F(HallOfFameTest, TheTournamentTableIsOrderedByAverageButTestedOnScore) {
     // in the order, and the entry that makes eleven rows removes it again.
     EXPECT_TRUE(hof.IsHighScore(1, 500));
     hof.AddHallOfFameEntry("Long", 500, 0, 10, 20);
-    EXPECT_EQ(query("SELECT count(*) FROM TournamentStats"), "10");
+    EXPECT_EQ(sql("SELECT count(*) FROM TournamentStats"), "10");
     EXPECT_EQ(hof.GetHallOfFame(1).find("Long"), std::string::npos);
     EXPECT_TRUE(hof.IsHighScore(1, 92)) << "compared with the last row's score, 91";
     EXPECT_FALSE(hof.IsHighScore(1, 91));
@@ -149,12 +146,12 @@ TEST_F(HallOfFameTest, ALostTableComesBackEmptyAndTheOtherKeepsItsRows) {
         hof.AddHallOfFameEntry("Solo", 70, 0, 0, 0);
         hof.AddHallOfFameEntry("Tour", 90, 1, 2, 3);
         hof.CloseHallOfFame();
-        query(lost ? "DROP TABLE TournamentStats" : "DROP TABLE SingleStats");
-        ASSERT_EQ(query("SELECT count(*) FROM sqlite_master WHERE type = 'table'"), "1");
+        sql(lost ? "DROP TABLE TournamentStats" : "DROP TABLE SingleStats");
+        ASSERT_EQ(sql("SELECT count(*) FROM sqlite_master WHERE type = 'table'"), "1");
         hof.OpenHallOfFame();
         EXPECT_EQ(rows(lost)[0].substr(0, 2), " ,") << lost;
         EXPECT_EQ(rows(1 - lost)[0].substr(0, 5), lost ? "Solo," : "Tour,") << lost;
-        EXPECT_EQ(query("SELECT count(*) FROM sqlite_master WHERE type = 'index'"), "2") << "the index came back too";
+        EXPECT_EQ(sql("SELECT count(*) FROM sqlite_master WHERE type = 'index'"), "2") << "the index came back too";
     }
 }
 
@@ -163,10 +160,10 @@ TEST_F(HallOfFameTest, ALostTableComesBackEmptyAndTheOtherKeepsItsRows) {
 // value where a single game has "N/A".
 TEST_F(HallOfFameTest, ColumnsInAnotherOrderOrMoreOfThemShowUnderTheirHeadings) {
     hof.CloseHallOfFame();
-    query("DROP TABLE SingleStats");
-    query("CREATE TABLE SingleStats (Note TEXT, Score INTEGER, DateWon TEXT(10), YakuCount INTEGER, "
+    sql("DROP TABLE SingleStats");
+    sql("CREATE TABLE SingleStats (Note TEXT, Score INTEGER, DateWon TEXT(10), YakuCount INTEGER, "
           "PlayerName TEXT(20))");
-    query("INSERT INTO SingleStats VALUES ('extra', 60, '03/04/2025', 2, 'Ren')");
+    sql("INSERT INTO SingleStats VALUES ('extra', 60, '03/04/2025', 2, 'Ren')");
     hof.OpenHallOfFame();
     EXPECT_EQ(rows(0)[0], "Ren,03/04/2025,60,2,N/A,N/A,N/A");
     EXPECT_TRUE(hof.IsHighScore(0, 1));
@@ -197,7 +194,7 @@ TEST_F(HallOfFameTest, RowsThatNoGameWroteAreLeftOutToldAndKept) {
         std::string rows = std::string("DELETE FROM SingleStats; INSERT INTO SingleStats VALUES (") + c.values + ")";
         for (int score = 10; score <= 100; score += 10)
             rows += ", ('Kept', '01/01/2020', " + std::to_string(score) + ", 0)";
-        exec(rows);
+        sql(rows);
         HallOfFame records(host);  // a program of its own, which has told nothing yet
         records.OpenHallOfFame();
         told.clear();
@@ -209,7 +206,7 @@ TEST_F(HallOfFameTest, RowsThatNoGameWroteAreLeftOutToldAndKept) {
         ASSERT_EQ(told.size(), 1u) << c.values;
         EXPECT_THAT(told[0].text, HasSubstr("\"" + hof.path().string() + "\" holds 1 row of SingleStats that no game "
                                             "could have written (" + c.told));
-        EXPECT_EQ(query("SELECT count(*) || '/' || count(*) FILTER (WHERE Score = 10) FROM SingleStats"), "11/0")
+        EXPECT_EQ(sql("SELECT count(*) || '/' || count(*) FILTER (WHERE Score = 10) FROM SingleStats"), "11/0")
             << "the new record in, the lowest record out, the foreign row kept: " << c.values;
     }
 }
@@ -232,10 +229,10 @@ TEST_F(HallOfFameTest, AFileThatCannotBeUsedIsToldOnceAtTheOpeningWithTheStoresR
         {[&] { std::ofstream(hof.path(), std::ios::binary | std::ios::trunc) << std::string(4096, 'x'); },
          "file is not a database"},
         // An index that no longer matches its table used to order the page by itself.
-        {[&] { exec("PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = replace(sql, 'Score DESC', "
+        {[&] { sql("PRAGMA writable_schema = ON; UPDATE sqlite_master SET sql = replace(sql, 'Score DESC', "
                     "'Score ASC') WHERE name = 'Score'"); },
          "the file is damaged (row 1 missing from index Score)"},
-        {[&] { patch((std::stoi(query("SELECT rootpage FROM sqlite_master WHERE name = 'Filler'")) - 1) * 4096 + 12,
+        {[&] { patch((std::stoi(sql("SELECT rootpage FROM sqlite_master WHERE name = 'Filler'")) - 1) * 4096 + 12,
                      std::string(64, 'U')); },
          "the file is damaged (On tree page "},
         // It used to be taken for a write-protected file: "Access Denied", Retry for ever.
@@ -247,7 +244,7 @@ TEST_F(HallOfFameTest, AFileThatCannotBeUsedIsToldOnceAtTheOpeningWithTheStoresR
         hof.OpenHallOfFame();
         for (int score : {10, 30, 20}) hof.AddHallOfFameEntry("N" + std::to_string(score), score, 0, 0, 0);
         hof.CloseHallOfFame();
-        exec("CREATE TABLE Filler (x); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 900) "
+        sql("CREATE TABLE Filler (x); WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 900) "
              "INSERT INTO Filler SELECT 'filler ' || i FROM n");
         c.spoil();
         const std::string before = fileText(hof.path());
@@ -320,17 +317,17 @@ TEST_F(HallOfFameTest, AnEntryMeetingALockIsStoredOnRetry) {
 TEST_F(HallOfFameTest, ViewsAndTriggersOfAFileMadeElsewhereDoNotRun) {
     hof.AddHallOfFameEntry("Kept", 70, 0, 0, 0);
     hof.CloseHallOfFame();
-    query("DROP TABLE TournamentStats");
-    query("CREATE VIEW TournamentStats (PlayerName, DateWon, Score, YakuCount, RoundsWon, Rounds, ScoreAverage, "
+    sql("DROP TABLE TournamentStats");
+    sql("CREATE VIEW TournamentStats (PlayerName, DateWon, Score, YakuCount, RoundsWon, Rounds, ScoreAverage, "
           "YakuAverage) AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT 'R' || i, "
           "'01/01/2020', i, 0, 1, 2, i, 0 FROM n");
-    query("CREATE TRIGGER Wipe AFTER INSERT ON SingleStats BEGIN DELETE FROM SingleStats; END");
+    sql("CREATE TRIGGER Wipe AFTER INSERT ON SingleStats BEGIN DELETE FROM SingleStats; END");
     keepBoxes();
     hof.OpenHallOfFame();
     EXPECT_EQ(rows(1)[0], " , , , , , , , ");
     EXPECT_FALSE(hof.IsHighScore(1, 500));
     hof.AddHallOfFameEntry("New", 90, 0, 0, 0);
-    EXPECT_EQ(query("SELECT group_concat(PlayerName, ' ') FROM (SELECT PlayerName FROM SingleStats ORDER BY Score)"),
+    EXPECT_EQ(sql("SELECT group_concat(PlayerName, ' ') FROM (SELECT PlayerName FROM SingleStats ORDER BY Score)"),
               "Kept New");
     ASSERT_EQ(told.size(), 2u);
     EXPECT_THAT(told[0].text, HasSubstr("cannot be read: its TournamentStats is a view, not a table."));

@@ -10,10 +10,7 @@ constexpr int kPineCrane = 0, kPineRibbon = 1, kPineChaffA = 2;
 constexpr int kPlumWarbler = 4, kCherryCurtain = 8, kWillowPoet = 40, kWillowWild = 43;
 constexpr int kPaulowniaPhoenix = 44, kPaulowniaChaff = 46;
 
-class HandPlay : public GameFixture {
-protected:
-    void SetUp() override { start(); }
-};
+class HandPlay : public GameFixture {};
 
 TEST_F(HandPlay, SelectingFramesTheMatchesOfTheSameMonth) {
     dealWith({kPineCrane, kPlumWarbler}, {}, {kPineChaffA, kCherryCurtain, kPineRibbon});

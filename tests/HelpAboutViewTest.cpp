@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
+#include <QApplication>
 #include <QMessageBox>
 #include <QTest>
+#include <QTimer>
 #include <filesystem>
 
 #include "TableWindow.h"
@@ -23,15 +25,6 @@ protected:
         fs::copy_file(build / "PetalgardenHelp.html", dir.path() / "PetalgardenHelp.html");
         fs::copy(build / "help-pictures", dir.path() / "help-pictures", fs::copy_options::recursive);
     }
-    QAction* action(const char* name) const { return window.findChild<QAction*>(QString::fromLatin1(name)); }
-    // Runs `act` once a modal window stands, while the caller waits in it.
-    static void whenModal(std::function<void(QWidget*)> act) {
-        QTimer::singleShot(50, [act] {
-            QWidget* modal = QApplication::activeModalWidget();
-            ASSERT_NE(modal, nullptr);
-            act(modal);
-        });
-    }
 };
 
 TEST_F(HelpAbout, F1AndHelpHelpOpenTheHelpWindowBesideTheGame) {
@@ -44,15 +37,15 @@ TEST_F(HelpAbout, F1AndHelpHelpOpenTheHelpWindowBesideTheGame) {
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "the game must go on behind the help";
     help->close();
 
-    action("mnuHHelp")->trigger();  // presses F1 for the user
+    window.findChild<QAction*>("mnuHHelp")->trigger();  // presses F1 for the user
     QTest::qWait(50);
     EXPECT_TRUE(window.helpWindow()->isVisible());
 }
 
 TEST_F(HelpAbout, AMissingHelpFileIsToldInAMessageBox) {
     QString told;
-    whenModal([&](QWidget* modal) {
-        auto* box = qobject_cast<QMessageBox*>(modal);
+    QTimer::singleShot(50, [&] {
+        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
         ASSERT_NE(box, nullptr);
         told = box->text();
         box->accept();

@@ -9,7 +9,6 @@ namespace {
 
 class HofView : public GameFixture {
 protected:
-    void SetUp() override { start(); }
     FrmHOF open() {
         FrmHOF form(program->g, program->hof);
         form.markLoaded();

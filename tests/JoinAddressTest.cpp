@@ -82,7 +82,6 @@ class JoinBox : public GameFixture {};
 // The box keeps the whole name (it held 15 characters once), and the connection goes to the
 // host and port that it names, or to the game's port.
 TEST_F(JoinBox, ConnectsToTheNameAndPortItHolds) {
-    start();
     const std::string name = "a-rather-long-name-for-a-host.nosuchhost.invalid";
     for (const auto& [typed, port] : {std::pair{name + ":5000", 5000}, std::pair{name, 4800}}) {
         host->onForm = [&](Form& form) {

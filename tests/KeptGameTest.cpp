@@ -19,10 +19,6 @@
 namespace petal::test {
 namespace {
 
-void write(const std::filesystem::path& file, const std::string& bytes) {
-    std::ofstream(file, std::ios::binary) << bytes;
-}
-
 class KeptGame : public ::testing::Test {
 protected:
     // The program, keeping its games, started in folder; boxes are kept in told.
@@ -132,7 +128,7 @@ TEST_F(KeptGame, AFileThatCannotBeUsedIsToldSetAsideAndPlayGoesOn) {
         SCOPED_TRACE(c.name);
         const std::filesystem::path folder = dir.path() / c.name;
         std::filesystem::create_directory(folder);
-        write(folder / c.file, c.bytes);
+        std::ofstream(folder / c.file, std::ios::binary) << c.bytes;
         start(folder);
         ASSERT_FALSE(told.empty());
         EXPECT_EQ(told.back().icon, MsgIcon::Exclamation);

@@ -12,8 +12,6 @@ namespace {
 
 class MatchEnd : public GameFixture {
 protected:
-    void SetUp() override { start(); }
-
     // Plays until `deals` deals have ended or the program ends.
     void playDeals(int deals) {
         sim::Policy lowest(false, 0);

@@ -1,7 +1,5 @@
 // What the survivor of a lost connection sees in each phase of a game, the socket's errors,
 // the two cancel questions, and messages that no copy of the game would send.
-#include <algorithm>
-
 #include "NetFixture.h"
 #include "net/FrmConnectionStatus.h"
 #include "platform/Socket.h"
@@ -107,18 +105,15 @@ TEST_F(NetFault, APeerThatComesAndGoesBetweenTwoPollsIsSeen) {
     host.answers["Remote Connection Closed"] = MsgResult::OK;
     host.answers["Reconnect"] = MsgResult::Yes;
     act(host, [&] { host.f().mnuSetup_Click(); });
-    TempDir dir;
-    SimHost rawHost(dir.path());
-    world.join(rawHost);
-    const auto raw = rawHost.createSocket();
+    RawPeer raw(world);
     const auto comeAndGo = [&] {
-        world.act(rawHost, [&] {
-            raw->RemoteHost = "127.0.0.1";
-            raw->RemotePort = 4800;
-            raw->Connect();
+        world.act(raw.host, [&] {
+            raw.socket->RemoteHost = "127.0.0.1";
+            raw.socket->RemotePort = 4800;
+            raw.socket->Connect();
         });
-        ASSERT_TRUE(runUntil([&] { return raw->State() == Socket::sckConnected; }));
-        world.act(rawHost, [&] { raw->Close(); });
+        ASSERT_TRUE(runUntil([&] { return raw.socket->State() == Socket::sckConnected; }));
+        world.act(raw.host, [&] { raw.socket->Close(); });
     };
     ASSERT_TRUE(runUntil([&] { return host.f().socketState() == Socket::sckListening; }));
     comeAndGo();
@@ -129,13 +124,10 @@ TEST_F(NetFault, APeerThatComesAndGoesBetweenTwoPollsIsSeen) {
 
 // Cancel in a wait of the network asks first; No keeps the wait, Yes ends the session.
 TEST_F(NetFault, TheHostsCancelQuestionLetsItStayOrStop) {
-    std::vector<MsgResult> replies = {MsgResult::No, MsgResult::Yes};
-    host.host.onMsgBox = [&, original = host.host.onMsgBox](const MsgBox& box) {
-        if (box.title != "Cancel Connection") return original(box);
-        const MsgResult reply = replies.front();
-        std::rotate(replies.begin(), replies.begin() + 1, replies.end());
-        return reply;
-    };
+    const char* question =
+        "Your opponent will not be able to connect to your computer if you proceed.  Do you wish to proceed?";
+    host.host.expectMsgBox(question, "Cancel Connection", MsgResult::No);
+    host.host.expectMsgBox(question, "Cancel Connection", MsgResult::Yes);
     // The host's wait: cancelled once (No: it stays and listens), then again (Yes).
     const auto setUp = host.onForm;
     host.onForm = [&](Form& form) {
@@ -148,7 +140,7 @@ TEST_F(NetFault, TheHostsCancelQuestionLetsItStayOrStop) {
     };
     act(host, [&] { host.f().mnuSetup_Click(); });
     ASSERT_TRUE(runUntil([&] { return host.f().g.gPlayMode == 0; }));
-    EXPECT_TRUE(host.shown("Your opponent will not be able to connect to your computer if you proceed.  Do you wish to proceed?"));
+    EXPECT_EQ(host.host.pendingAnswers(), 0u);
     EXPECT_EQ(host.f().socketState(), 0);
     EXPECT_EQ(host.f().g.gPlayMode, 0);
     EXPECT_EQ(host.f().Caption, "Petalgarden");

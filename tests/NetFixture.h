@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "GameFixture.h"
+#include "platform/Socket.h"
 #include "platform/sim/SimWorld.h"
 
 namespace petal::test {
@@ -40,6 +41,20 @@ protected:
             void dealt() override { ++deals; }
             void dealEnded() override { ++count; }
         } ends;
+    };
+
+    // A bare socket in the world, driven by the test: a peer that is no copy of the game.
+    struct RawPeer {
+        explicit RawPeer(SimWorld& world) : host(dir.path()) {
+            world.join(host);
+            socket = host.createSocket();
+            socket->DataArrival = [this](long) { received += socket->GetData(); };
+            socket->ConnectionRequest = [this](long id) { socket->Close(), socket->Accept(id); };
+        }
+        TempDir dir;
+        SimHost host;
+        std::unique_ptr<Socket> socket;
+        std::string received;
     };
 
     NetFixture();

@@ -9,20 +9,6 @@
 namespace petal::test {
 namespace {
 
-// A bare socket in the world, driven by the test.
-struct RawPeer {
-    explicit RawPeer(SimWorld& world) : host(dir.path()) {
-        world.join(host);
-        socket = host.createSocket();
-        socket->DataArrival = [this](long) { received += socket->GetData(); };
-        socket->ConnectionRequest = [this](long id) { socket->Close(), socket->Accept(id); };
-    }
-    TempDir dir;
-    SimHost host;
-    std::unique_ptr<Socket> socket;
-    std::string received;
-};
-
 // The positions that the host's program played, each with the position it took (or -1).
 struct Moves : GameEvents {
     std::vector<std::pair<int, int>> made;
@@ -35,11 +21,7 @@ public:
         host.answers["Out of Step"] = MsgResult::OK;
         host.f().events = &moves;
     }
-    // The peer joins the host as its client and leads the deal.
-    void joinAndDeal() {
-        join();
-        deal();
-    }
+    // The peer joins the host as its client; then it leads the deal.
     void join() {
         act(host, [&] { host.f().mnuSetup_Click(); });
         world.act(peer.host, [&] {
@@ -100,14 +82,12 @@ struct Unfit {
     std::string (*bytes)(Hostile&);
 };
 
-class HostileMessage : public Hostile, public ::testing::WithParamInterface<Unfit> {
-public:
-    using Hostile::legalTarget;
-};
+class HostileMessage : public Hostile, public ::testing::WithParamInterface<Unfit> {};
 
 // Each of these leaves the host's game untouched: it is told, and falls back to playing alone.
 TEST_P(HostileMessage, WhatDoesNotFitIsNeverAppliedAndEndsTheSession) {
-    joinAndDeal();
+    join();
+    deal();
     send(GetParam().bytes(*this));
     ASSERT_TRUE(runUntil([&] { return host.f().g.gPlayMode == 0; }, 5000));
     const auto& boxes = host.host.shownBoxes();

@@ -70,14 +70,10 @@ TEST_F(NetFixture, TheHostsWaitTellsWhereAFriendCanJoin) {
 // Setup's OK would drop a connected opponent: the host is asked first, and No keeps the dialog.
 TEST_F(NetFixture, TheHostIsAskedBeforeSetupDropsItsOpponent) {
     ASSERT_TRUE(connect());
-    std::vector<MsgResult> replies = {MsgResult::No, MsgResult::Yes};
-    host.answers.erase("Opponent Connected");
-    host.host.onMsgBox = [&, original = host.host.onMsgBox](const MsgBox& box) {
-        if (box.title != "Opponent Connected") return original(box);
-        const MsgResult reply = replies.front();
-        replies.erase(replies.begin());
-        return reply;
-    };
+    const char* question =
+        "Your opponent is connected.  Saving the changes you made will end the connection.  Do you want to proceed?";
+    host.host.expectMsgBox(question, "Opponent Connected", MsgResult::No);
+    host.host.expectMsgBox(question, "Opponent Connected", MsgResult::Yes);
     client.answers["Remote Connection Closed"] = MsgResult::OK;
     host.onForm = [&, others = host.onForm](Form& form) {
         auto* setup = dynamic_cast<FrmSetup*>(&form);
@@ -88,7 +84,7 @@ TEST_F(NetFixture, TheHostIsAskedBeforeSetupDropsItsOpponent) {
         setup->cmdOK_Click();
     };
     act(host, [&] { host.f().mnuSetup_Click(); });
-    EXPECT_TRUE(replies.empty());
+    EXPECT_EQ(host.host.pendingAnswers(), 0u);
     ASSERT_TRUE(runUntil([&] { return client.f().g.gPlayMode == 0; }));
     EXPECT_TRUE(client.shown("Your host has just terminated the network connection."));
 }

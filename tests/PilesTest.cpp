@@ -62,19 +62,8 @@ TEST_F(Piles, TheCountersFollowTheTurnAndTheTotalAddsFiftyPerGroup) {
     EXPECT_TRUE(f->ctl.panel[0].lblPointsTotal[3].Caption.empty());
 }
 
-TEST_F(Piles, TheWildCardsCatchIsMarkedButNotTheWildCardItself) {
-    const int twenty = positionsWorth(20)[0], chaff = positionsWorth(0)[0];
-    f->piles.SendToPlayerPoints(chaff, false, 0);
-    f->piles.SendToPlayerPoints(twenty, true, 0);
-    const Image& marker = f->ctl.panel[0].imgGagi;
-    EXPECT_TRUE(marker.Visible);
-    EXPECT_EQ(marker.Tag, std::to_string(twenty));
-    f->piles.SendToPlayerPoints(positionsWorth(0)[1], true, 1);
-    EXPECT_EQ(marker.Tag, std::to_string(twenty));
-}
-
-// The marker stands on the caught card wherever it lies: the chaff row's fan and its second line,
-// and a valued row's second layer.
+// The marker stands on the caught card wherever it lies (the chaff row's fan and its second line,
+// a valued row's second layer), and stays there when the wild card itself follows it.
 TEST_F(Piles, TheWildCardsMarkerStandsOnTheCaughtCardInAnyRowAndPlace) {
     struct Case {
         int points, before;
@@ -92,6 +81,8 @@ TEST_F(Piles, TheWildCardsMarkerStandsOnTheCaughtCardInAnyRowAndPlace) {
             << c.points << " points after " << c.before;
         EXPECT_GT(marker.ZOrder, caught.ZOrder);
         EXPECT_EQ(marker.Tag, std::to_string(worth[c.before]));
+        f->piles.SendToCompPoints(worth[c.before + 1], true, 1);
+        EXPECT_EQ(marker.Tag, std::to_string(worth[c.before])) << "the wild card itself is not marked";
     }
 }
 

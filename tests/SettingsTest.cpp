@@ -9,16 +9,14 @@ namespace {
 
 class Settings : public GameFixture {
 protected:
+    void SetUp() override {}  // each test starts the program itself, on the file it wrote
     std::filesystem::path file() const { return dir.path() / "GARDENIA.ini"; }
     void writeFile(const std::string& bytes) { std::ofstream(file(), std::ios::binary) << bytes; }
     std::string readFile() const { return fileText(file()); }
     // A fresh program on this file; the box about unplayable values is answered.
     void restartWith(const std::string& bytes) {
-        program.reset();
         writeFile(bytes);
-        host = std::make_unique<SimHost>(dir.path());
-        host->onMsgBox = [](const MsgBox&) { return MsgResult::OK; };
-        start();
+        restart([](const MsgBox&) { return MsgResult::OK; });
     }
 };
 
@@ -207,10 +205,7 @@ TEST_F(Settings, OwnOptionsKeepWhatTheyDoNotKnowAndNeverEndTheGame) {
 
     std::filesystem::remove(options);
     std::filesystem::create_directory(options);
-    program.reset();
-    host = std::make_unique<SimHost>(dir.path());
-    host->onMsgBox = [&](const MsgBox& box) { told.push_back(box); return MsgResult::OK; };
-    start();
+    restart([&](const MsgBox& box) { told.push_back(box); return MsgResult::OK; });
     ASSERT_EQ(told.size(), 1u);
     EXPECT_THAT(told[0].text, HasSubstr("cannot be read"));
     EXPECT_FALSE(host->ending());

@@ -11,7 +11,6 @@ namespace {
 
 class Setup : public GameFixture {
 protected:
-    void SetUp() override { start(); }
     // Opens the dialog from the menu; `script` acts on it as the user.
     void openSetup(const std::function<void(FrmSetup&)>& script) {
         host->onForm = [&](Form& form) { script(dynamic_cast<FrmSetup&>(form)); };

@@ -8,7 +8,6 @@ namespace {
 class Splash : public GameFixture {};
 
 TEST_F(Splash, AboutStaysWhileTheComputerPlaysAndLeavesTheGameAsItWas) {
-    start();
     dealWith({}, {}, {});
     const auto hand = f->ctl.imgPCard;
     f->m.mTurn = 1;

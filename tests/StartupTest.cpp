@@ -4,10 +4,7 @@
 namespace petal::test {
 namespace {
 
-class Startup : public GameFixture {
-protected:
-    void SetUp() override { start(); }
-};
+class Startup : public GameFixture {};
 
 TEST_F(Startup, ClosingWithoutAGameEndsAtOnceWithoutAQuestion) {
     f->mnuExit_Click();

@@ -8,7 +8,6 @@ namespace {
 
 class Strong : public GameFixture {
 protected:
-    void SetUp() override { start(); }
     // The cards of the catalogue that are in none of the lists.
     static std::vector<int> others(const std::vector<int>& a, const std::vector<int>& b) {
         std::vector<int> rest;

@@ -41,30 +41,26 @@ struct Copy {
     int status = -2;  // -2 running, -1 killed at the limit
 };
 
-class TwinRun {
-public:
-    Copy start(const Session& s, const std::string& role, int port, std::vector<std::string> args) {
-        const std::filesystem::path session = dir.path() / s.name;
-        Copy copy{&s, role, session / role};
-        std::filesystem::create_directories(copy.folder);
-        std::ofstream(copy.folder / "petalgarden-options.ini") << "sound=off\nanimations=off\n";
-        if (role == "host" && s.settings) std::ofstream(copy.folder / "GARDENIA.ini") << s.settings;
-        const std::vector<std::string> mode = role == "host" ? std::vector<std::string>{"--host"}
-                                                             : std::vector<std::string>{"--join", "127.0.0.1"};
-        args.insert(args.begin(), mode.begin(), mode.end());
-        const std::string peer = (session / (role == "host" ? "client" : "host")).string();
-        for (const std::string& a : {std::string("--port"), std::to_string(port), std::string("--folder"),
-                                     copy.folder.string(), std::string("--peer"), peer, std::string("--seed"),
-                                     std::to_string(++seed), std::string("--speed"), std::string("25")})
-            args.push_back(a);
-        ::setenv("QT_QPA_PLATFORM", "offscreen", 1);  // no display is needed, nor taken if there is one
-        copy.pid = startProgram(PETAL_TWIN, args, copy.folder / "out.txt", copy.folder / "err.txt");
-        return copy;
-    }
-
-    TempDir dir;
-    int seed = 0;
-};
+// A copy in its role's folder under its session's, its user's random numbers from `seed`.
+Copy start(const std::filesystem::path& sessions, int seed, const Session& s, const std::string& role, int port,
+           std::vector<std::string> args) {
+    const std::filesystem::path session = sessions / s.name;
+    Copy copy{&s, role, session / role};
+    std::filesystem::create_directories(copy.folder);
+    std::ofstream(copy.folder / "petalgarden-options.ini") << "sound=off\nanimations=off\n";
+    if (role == "host" && s.settings) std::ofstream(copy.folder / "GARDENIA.ini") << s.settings;
+    const std::vector<std::string> mode = role == "host" ? std::vector<std::string>{"--host"}
+                                                         : std::vector<std::string>{"--join", "127.0.0.1"};
+    args.insert(args.begin(), mode.begin(), mode.end());
+    const std::string peer = (session / (role == "host" ? "client" : "host")).string();
+    for (const std::string& a : {std::string("--port"), std::to_string(port), std::string("--folder"),
+                                 copy.folder.string(), std::string("--peer"), peer, std::string("--seed"),
+                                 std::to_string(seed), std::string("--speed"), std::string("25")})
+        args.push_back(a);
+    ::setenv("QT_QPA_PLATFORM", "offscreen", 1);  // no display is needed, nor taken if there is one
+    copy.pid = startProgram(PETAL_TWIN, args, copy.folder / "out.txt", copy.folder / "err.txt");
+    return copy;
+}
 
 // What a copy's user logged, with whatever the copy wrote on its error output.
 std::string told(const Copy& copy, const std::vector<std::string>& log) {
@@ -123,16 +119,17 @@ const Session kSessions[] = {
 
 // The sessions run side by side: their copies wait for their users far more than they work.
 TEST(TwinCopies, EverySessionEndsInADesignedState) {
-    TwinRun run;
+    TempDir dir;
+    int seed = 0;
     std::vector<Copy> copies;
     std::map<const Session*, int> ports;
     for (const Session& s : kSessions) {
         ports[&s] = freePort();
-        copies.push_back(run.start(s, "host", ports[&s], s.host));
+        copies.push_back(start(dir.path(), ++seed, s, "host", ports[&s], s.host));
     }
     for (const Session& s : kSessions) {
         ASSERT_TRUE(listening(ports[&s], std::chrono::seconds(30))) << s.name << ": the host listens";
-        copies.push_back(run.start(s, "client", ports[&s], s.client));
+        copies.push_back(start(dir.path(), ++seed, s, "client", ports[&s], s.client));
     }
     // Every copy ends within the limit; a rejoining client comes once the first has gone and the
     // host has answered that it waits again (before that, a join is refused, as it would be).
@@ -150,7 +147,7 @@ TEST(TwinCopies, EverySessionEndsInADesignedState) {
         running = !rejoining.empty();
         for (auto s = rejoining.begin(); s != rejoining.end();)
             if (hostWaitsAgain(*s)) {
-                copies.push_back(run.start(**s, "rejoin", ports[*s], (*s)->rejoin));
+                copies.push_back(start(dir.path(), ++seed, **s, "rejoin", ports[*s], (*s)->rejoin));
                 s = rejoining.erase(s);
             } else {
                 ++s;
