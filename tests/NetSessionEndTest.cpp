@@ -69,10 +69,14 @@ TEST_P(DeclinedRematch, TheOtherSideIsToldAndPlaysAlone) {
         if (&side == &waiter && d.when == When::WhileAsking) side.host.waitUntil([&] { return decliner.host.ending(); });
     };
     ASSERT_TRUE(playUntil([&] { return decliner.host.ending(); }));
-    if (d.when == When::BeforeAsking) EXPECT_LT(waiter.ends.count, 1) << "the client was still replaying";
+    if (d.when == When::BeforeAsking) {
+        EXPECT_LT(waiter.ends.count, 1) << "the client was still replaying";
+    }
     ASSERT_TRUE(runUntil([&] { return waiter.f().g.gPlayMode == 0 && !waiter.host.waiting(); }));
     EXPECT_EQ(waiter.shown("Your opponent declined a rematch."), d.when != When::WhileAsking);
-    if (d.when == When::WhileAsking) EXPECT_TRUE(waiter.shown("Your host has just terminated the network connection."));
+    if (d.when == When::WhileAsking) {
+        EXPECT_TRUE(waiter.shown("Your host has just terminated the network connection."));
+    }
     EXPECT_EQ(waiter.f().connectionStatus, nullptr);
     EXPECT_FALSE(waiter.host.ending());
 }
